@@ -1,0 +1,10 @@
+# Shared compiler settings: every target of the project compiles with these.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+option(PELK_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+if(PELK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  add_link_options(-fsanitize=address,undefined)
+endif()

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "platform/com_object.h"
+#include "values/variant.h"
+
+namespace pelkedit {
+
+// The identifier the editor creates engines by at each load, and the one used at creation.
+inline constexpr const char* kAdvisorProgId = "PelkInrt.Advisor";
+inline constexpr const char* kAdvisorProgIdAtCreate = "PELKInrt.Advisor";
+
+// The advisor engine: facts set and results read by name, one action.
+// Unknown names are error 438; setting a result, or a fact with a value of the wrong type,
+// is error 13 or 438 as the engine decides.
+class IAdvisor : public ComObject {
+ public:
+  virtual Variant Get(const std::string& name) = 0;
+  virtual void Set(const std::string& name, const Variant& value) = 0;
+  virtual void Evaluate() = 0;
+};
+
+}  // namespace pelkedit

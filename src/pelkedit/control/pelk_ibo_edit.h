@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "control/editor_events.h"
+#include "control/editor_state.h"
+#include "values/variant.h"
+#include "widgets/widget_registry.h"
+
+namespace pelkedit {
+
+class IPlatform;
+class IRecord;
+class IAdvisor;
+class EditorContext;
+
+// The editor component for one IBO. Construction is the control's creation, destruction its
+// termination; the host drives it through the public methods and listens to IEditorEvents.
+// The library must have started on the thread (Main) before a component is created.
+class PelkIboEdit {
+ public:
+  PelkIboEdit(IPlatform& platform, IEditorEvents& events);
+  ~PelkIboEdit();
+  PelkIboEdit(const PelkIboEdit&) = delete;
+  PelkIboEdit& operator=(const PelkIboEdit&) = delete;
+
+  // Read-only properties.
+  bool IboSaved() const;
+  std::int32_t IboStatus() const;
+  bool IboChanged() const;
+
+  // Methods; an error inside one reaches the caller as a PelkError.
+  void IboChangeStartDate();
+  void IboUpgradeToExpert();
+  void IboChangeStatus(std::int32_t status);
+  void InitIBOInfo();
+  void ShowIbo(std::int32_t iboId, std::int32_t view);
+  void FormClose();
+
+  // For hosts that draw the component and for observation.
+  WidgetRegistry& Widgets();
+  const EditorState& State() const;
+  // A state field by its name (IboChanged, MainTab, ...); nullopt for an unknown name.
+  std::optional<Variant> StateByName(const std::string& name) const;
+  // The collaborators the component holds now (null when one could not be created).
+  std::shared_ptr<IRecord> Record() const;
+  std::shared_ptr<IAdvisor> Advisor() const;
+
+ private:
+  std::unique_ptr<EditorContext> ctx_;
+};
+
+}  // namespace pelkedit

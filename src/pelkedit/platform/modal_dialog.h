@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "widgets/widget_registry.h"
+
+namespace pelkedit {
+
+// A dialog model the host shows modally: its widgets, and whether it is still open.
+class ModalDialog {
+ public:
+  virtual ~ModalDialog() = default;
+  virtual std::string Name() const = 0;
+  WidgetRegistry& Widgets() { return widgets_; }
+  bool IsOpen() const { return open_; }
+  // The host calls this as it shows the dialog (the form's load event).
+  void Open() {
+    open_ = true;
+    OnLoad();
+  }
+  // The dialog closes itself (its buttons) or the user closes it with the window's close box.
+  void Close() { open_ = false; }
+  void CloseBox() { Close(); }
+
+ protected:
+  virtual void OnLoad() {}
+
+ private:
+  WidgetRegistry widgets_;
+  bool open_ = false;
+};
+
+}  // namespace pelkedit

@@ -1,0 +1,45 @@
+#include "trace/mod_init.h"
+
+#include <memory>
+
+#include "platform/platform.h"
+#include "values/error.h"
+
+namespace pelkedit {
+namespace {
+
+constexpr std::int32_t kObjectVariableNotSet = 91;
+
+std::shared_ptr<ITrace>& ThreadTraceSlot() {
+  thread_local std::shared_ptr<ITrace> trace;
+  return trace;
+}
+
+}  // namespace
+
+void Main(IPlatform& platform) {
+  const std::string module = "PelkEdit.modInit::";
+  try {
+    auto trace = std::dynamic_pointer_cast<ITrace>(platform.CreateObject(kTraceProgId));
+    if (!trace) Raise(errnum::kTypeMismatch, kTraceProgId);
+    ThreadTraceSlot() = std::move(trace);
+  } catch (const PelkError&) {
+    platform.MsgBox("Could not create trace object. Module:" + module + "Main",
+                    MsgIcon::kExclamation, MsgButtons::kOk, "Automation error");
+    throw;
+  }
+}
+
+bool LibraryStarted() { return ThreadTraceSlot() != nullptr; }
+
+ITrace& ThreadTrace() {
+  auto& trace = ThreadTraceSlot();
+  if (!trace) {
+    Raise(kObjectVariableNotSet, "PelkEdit", "Object variable or With block variable not set");
+  }
+  return *trace;
+}
+
+void UnloadLibrary() { ThreadTraceSlot().reset(); }
+
+}  // namespace pelkedit
