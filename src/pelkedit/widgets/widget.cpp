@@ -39,6 +39,10 @@ bool Widget::Focusable() const {
          kind_ != WidgetKind::kFrame;
 }
 
+bool Widget::PositionedInPixels() const {
+  return parent_ != nullptr && parent_->Kind() == WidgetKind::kPicture;
+}
+
 void Widget::Changed(const std::string& property) {
   for (auto& observer : observers_) observer(*this, property);
 }

@@ -84,6 +84,11 @@ class Widget {
   void AddObserver(Observer observer) { observers_.push_back(std::move(observer)); }
 
   void AttachRegistry(WidgetRegistry* registry) { registry_ = registry; }
+  // The frame or picture the widget is placed on (nullptr: the form itself). Positions are
+  // in twips on frames and forms, in pixels inside a picture.
+  Widget* Parent() const { return parent_; }
+  void SetParent(Widget* parent) { parent_ = parent; }
+  bool PositionedInPixels() const;
   // Moves the input focus here (lost focus of the widget that had it is raised first).
   void SetFocus();
 
@@ -110,6 +115,7 @@ class Widget {
   int zOrder_ = 0;
   std::vector<Observer> observers_;
   WidgetRegistry* registry_ = nullptr;
+  Widget* parent_ = nullptr;
 };
 
 }  // namespace pelkedit
