@@ -1,0 +1,155 @@
+#include "trace/trace_log.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <system_error>
+
+#include "trace/err_object.h"
+#include "values/error.h"
+
+namespace pelkor {
+namespace {
+
+using pelkedit::Err;
+
+constexpr const char* kMessageTitle = "Pelkor";
+constexpr const char* kEnterMarker = "->";
+constexpr const char* kLeaveMarker = "<-";
+constexpr const char* kErrorMarker = "!!";
+constexpr int kIndentPerLevel = 2;
+constexpr int kSecondsPerHour = 3600;
+constexpr int kSecondsPerMinute = 60;
+
+std::string Timestamp(const pelkedit::Date& when) {
+  const int second = when.SecondOfDay();
+  char buffer[32];
+  std::snprintf(buffer, sizeof buffer, "%04d-%02d-%02d %02d:%02d:%02d", when.Year(), when.Month(),
+                when.Day(), second / kSecondsPerHour, second % kSecondsPerHour / kSecondsPerMinute,
+                second % kSecondsPerMinute);
+  return buffer;
+}
+
+}  // namespace
+
+TraceLog::TraceLog(pelkedit::IPlatform& platform, std::string logPath)
+    : platform_(platform), logPath_(std::move(logPath)) {
+  OpenLog();
+}
+
+TraceLog::~TraceLog() {
+  Flush();
+}
+
+void TraceLog::OpenLog() {
+  if (logPath_.empty()) return GiveUpFile("no log file was named");
+  const std::filesystem::path path(logPath_);
+  std::error_code error;
+  if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
+  if (error) return GiveUpFile("cannot create its folder: " + error.message());
+  out_.open(path, std::ios::out | std::ios::app);
+  if (!out_.is_open()) GiveUpFile("cannot open it for appending");
+}
+
+// Tracing must never become the editor's failure: the file is dropped and the user of the log
+// is told once, on the standard error stream, why the log stops.
+void TraceLog::GiveUpFile(const std::string& reason) {
+  if (out_.is_open()) out_.close();
+  std::cerr << "Pelkor trace: log file \"" << logPath_ << "\" is not written (" << reason
+            << "); tracing goes on without it.\n";
+}
+
+void TraceLog::CheckStream() {
+  if (out_.is_open() && !out_) GiveUpFile("writing to it failed");
+}
+
+void TraceLog::WriteLine(int depth, const char* marker, const std::string& text) {
+  if (!out_.is_open()) return;
+  char level[16];
+  std::snprintf(level, sizeof level, "%3d ", depth);
+  out_ << Timestamp(platform_.Now()) << ' ' << level
+       << std::string(static_cast<std::size_t>(depth * kIndentPerLevel), ' ') << marker << ' '
+       << text << '\n';
+  CheckStream();
+}
+
+void TraceLog::Flush() {
+  if (!out_.is_open()) return;
+  out_.flush();
+  CheckStream();
+}
+
+void TraceLog::EnterProc(const std::string& procName) {
+  WriteLine(Depth(), kEnterMarker, procName);
+  open_.push_back(procName);
+}
+
+void TraceLog::LeaveProc(const std::string& procName) {
+  // Matching by name also closes inner procedures an error made skip their exit. A name that
+  // is not open belongs to a procedure that reported an error and then went on.
+  for (auto index = open_.size(); index-- > 0;) {
+    if (open_[index] != procName) continue;
+    open_.resize(index);
+    break;
+  }
+  WriteLine(Depth(), kLeaveMarker, procName);
+  // The end of an outermost procedure is the end of one user action: a cheap point to let the
+  // lines reach the disk.
+  if (open_.empty()) Flush();
+}
+
+// Every procedure on the failing chain reports the error once, innermost first, and none of
+// them leaves normally; so each report closes the innermost open procedure.
+void TraceLog::ReportError(const std::string& extra) {
+  const auto& err = Err();
+  lastErrorNumber_ = err.Number();
+  std::string reporter = "(no open procedure)";
+  if (!open_.empty()) {
+    reporter = std::move(open_.back());
+    open_.pop_back();
+  }
+  std::string text = reporter + " reports error " + std::to_string(err.Number()) + " from " +
+                     err.Source() + ": " + err.Description();
+  if (!extra.empty()) text += " [" + extra + "]";
+  WriteLine(Depth(), kErrorMarker, text);
+  Flush();
+}
+
+std::int32_t TraceLog::InvalidArgumentErrorNumber() {
+  return pelkedit::errnum::kInvalidProcedureCall;
+}
+
+void TraceLog::ShowError() {
+  Flush();
+  platform_.MsgBox(ErrorMessageText(), pelkedit::MsgIcon::kCritical, pelkedit::MsgButtons::kOk,
+                   kMessageTitle);
+}
+
+// The platform's message box has no owner argument: the host owns every box it shows.
+void TraceLog::ShowErrorOwned(std::int32_t /*hwndOwner*/) {
+  ShowError();
+}
+
+std::string ErrorMessageText() {
+  const auto& err = Err();
+  std::string description = err.Description();
+  if (description.empty()) description = pelkedit::StandardDescription(err.Number());
+  if (description.empty()) description = "Unexpected error.";
+  std::string text = description + "\nError " + std::to_string(err.Number());
+  if (!err.Source().empty()) text += " in " + err.Source();
+  return text;
+}
+
+std::shared_ptr<pelkedit::ITrace> CreateTraceLog(pelkedit::IPlatform& platform,
+                                                 std::string logPath) {
+  return std::make_shared<TraceLog>(platform, std::move(logPath));
+}
+
+void RegisterTraceComponent(pelkedit::ObjectFactory& factory, pelkedit::IPlatform& platform,
+                            std::string logPath) {
+  factory.Register(pelkedit::kTraceProgId, [&platform, path = std::move(logPath)] {
+    return pelkedit::ObjectPtr(CreateTraceLog(platform, path));
+  });
+}
+
+}  // namespace pelkor
