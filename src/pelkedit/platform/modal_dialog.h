@@ -11,6 +11,10 @@ class ModalDialog {
  public:
   virtual ~ModalDialog() = default;
   virtual std::string Name() const = 0;
+  // Window title and client size in pixels, for the host that shows the dialog.
+  virtual std::string Caption() const = 0;
+  virtual int WidthPixels() const = 0;
+  virtual int HeightPixels() const = 0;
   WidgetRegistry& Widgets() { return widgets_; }
   bool IsOpen() const { return open_; }
   // The host calls this as it shows the dialog (the form's load event).

@@ -12,7 +12,15 @@ class ModalDialog;
 
 enum class MsgIcon { kNone, kCritical, kQuestion, kExclamation, kInformation };
 enum class MsgButtons { kOk, kOkCancel, kAbortRetryIgnore, kYesNoCancel, kYesNo, kRetryCancel };
-enum class MsgAnswer { kOk = 1, kCancel = 2, kAbort = 3, kRetry = 4, kIgnore = 5, kYes = 6, kNo = 7 };
+enum class MsgAnswer {
+  kOk = 1,
+  kCancel = 2,
+  kAbort = 3,
+  kRetry = 4,
+  kIgnore = 5,
+  kYes = 6,
+  kNo = 7
+};
 
 // Screen mouse pointers, with the classic codes.
 enum class MousePointer : std::int32_t { kDefault = 0, kArrow = 1, kHourglass = 11 };
@@ -52,8 +60,8 @@ class IPlatform {
   virtual std::string ShortDateFormat() = 0;
   // Classic locale query: writes at most `size` characters (terminating zero included) into
   // `buffer` and returns how many were written, or 0 on failure.
-  virtual std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t lctype,
-                                      std::string& buffer, std::int32_t size) = 0;
+  virtual std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t lctype, std::string& buffer,
+                                      std::int32_t size) = 0;
 
   virtual void StartProcess(const std::string& commandLine) = 0;
   // Shows a dialog model modally and returns when it has closed.

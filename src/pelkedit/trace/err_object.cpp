@@ -8,7 +8,9 @@ void ErrObject::Set(const PelkError& error) {
   description_ = error.Description();
 }
 
-void ErrObject::Clear() { *this = ErrObject(); }
+void ErrObject::Clear() {
+  *this = ErrObject();
+}
 
 ErrObject& Err() {
   thread_local ErrObject err;

@@ -49,8 +49,10 @@ auto RunMethod(const std::string& procName, Body&& body) -> decltype(body()) {
 }
 
 // Kind B, a widget event handler: report the error and show it owned by the host window.
-template <typename Body>
-void RunHandler(const std::string& procName, IPlatform& platform, Body&& body) {
+// `beforeReport` runs first on an error, for handlers that must record that one happened.
+template <typename Body, typename OnError = void (*)()>
+void RunHandler(
+    const std::string& procName, IPlatform& platform, Body&& body, OnError beforeReport = [] {}) {
   ITrace& trace = ThreadTrace();
   try {
     trace.EnterProc(procName);
@@ -58,6 +60,7 @@ void RunHandler(const std::string& procName, IPlatform& platform, Body&& body) {
     trace.LeaveProc(procName);
   } catch (...) {
     CaptureError(std::current_exception(), procName);
+    beforeReport();
     detail::ReportAndShowOwned(trace, platform);
   }
 }

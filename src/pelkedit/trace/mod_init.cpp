@@ -30,7 +30,9 @@ void Main(IPlatform& platform) {
   }
 }
 
-bool LibraryStarted() { return ThreadTraceSlot() != nullptr; }
+bool LibraryStarted() {
+  return ThreadTraceSlot() != nullptr;
+}
 
 ITrace& ThreadTrace() {
   auto& trace = ThreadTraceSlot();
@@ -40,6 +42,8 @@ ITrace& ThreadTrace() {
   return *trace;
 }
 
-void UnloadLibrary() { ThreadTraceSlot().reset(); }
+void UnloadLibrary() {
+  ThreadTraceSlot().reset();
+}
 
 }  // namespace pelkedit

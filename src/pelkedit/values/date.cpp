@@ -56,7 +56,9 @@ bool IsValidCivil(int year, int month, int day) {
          back.day == static_cast<unsigned>(day);
 }
 
-Date Date::FromDayNumber(std::int32_t day) { return Date(std::int64_t{day} * kSecondsPerDay); }
+Date Date::FromDayNumber(std::int32_t day) {
+  return Date(std::int64_t{day} * kSecondsPerDay);
+}
 
 Date Date::FromCivil(int year, int month, int day, int hour, int minute, int second) {
   const std::int64_t days =
@@ -86,9 +88,15 @@ std::int32_t Date::DayNumber() const {
   return static_cast<std::int32_t>(FloorDiv(seconds_, kSecondsPerDay));
 }
 
-int Date::Year() const { return static_cast<int>(CivilOf(seconds_).year); }
-int Date::Month() const { return static_cast<int>(CivilOf(seconds_).month); }
-int Date::Day() const { return static_cast<int>(CivilOf(seconds_).day); }
+int Date::Year() const {
+  return static_cast<int>(CivilOf(seconds_).year);
+}
+int Date::Month() const {
+  return static_cast<int>(CivilOf(seconds_).month);
+}
+int Date::Day() const {
+  return static_cast<int>(CivilOf(seconds_).day);
+}
 int Date::SecondOfDay() const {
   return static_cast<int>(seconds_ - FloorDiv(seconds_, kSecondsPerDay) * kSecondsPerDay);
 }

@@ -16,8 +16,7 @@ class Date {
 
   constexpr Date() = default;
   static Date FromDayNumber(std::int32_t day);
-  static Date FromCivil(int year, int month, int day, int hour = 0, int minute = 0,
-                        int second = 0);
+  static Date FromCivil(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
   // "YYYY-MM-DD" or "YYYY-MM-DDTHH:MM:SS"; nullopt when malformed or impossible.
   static std::optional<Date> Parse(const std::string& text);
 

@@ -2,7 +2,9 @@
 
 namespace pelkedit {
 namespace {
-bool IsContinuation(unsigned char c) { return (c & 0xC0) == 0x80; }
+bool IsContinuation(unsigned char c) {
+  return (c & 0xC0) == 0x80;
+}
 }  // namespace
 
 std::size_t CharCount(const std::string& utf8) {

@@ -17,12 +17,12 @@ const char* VariantTypeName(VariantType type);
 class Variant {
  public:
   Variant() = default;
-  Variant(bool v) : value_(v) {}  // NOLINT(google-explicit-constructor)
-  Variant(std::int32_t v) : value_(v) {}  // NOLINT
-  Variant(double v) : value_(v) {}  // NOLINT
-  Variant(std::string v) : value_(std::move(v)) {}  // NOLINT
+  Variant(bool v) : value_(v) {}                      // NOLINT(google-explicit-constructor)
+  Variant(std::int32_t v) : value_(v) {}              // NOLINT
+  Variant(double v) : value_(v) {}                    // NOLINT
+  Variant(std::string v) : value_(std::move(v)) {}    // NOLINT
   Variant(const char* v) : value_(std::string(v)) {}  // NOLINT
-  Variant(Date v) : value_(v) {}  // NOLINT
+  Variant(Date v) : value_(v) {}                      // NOLINT
 
   VariantType Type() const { return static_cast<VariantType>(value_.index()); }
   bool IsEmpty() const { return Type() == VariantType::kEmpty; }

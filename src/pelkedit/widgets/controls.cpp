@@ -138,6 +138,8 @@ void Calendar::UserDateClick(int year, int month, int day) {
 void RichTextBox::SetText(const std::string& text) {
   text_ = text;
   formats_.assign(CharCount(text_), insertion_);
+  // Formatting chosen with nothing selected applies to this text only, not to later ones.
+  insertion_ = CharFormat{};
   selStart_ = 0;
   selLength_ = 0;
   Changed("text");

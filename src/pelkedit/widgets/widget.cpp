@@ -99,7 +99,9 @@ void Widget::BringToFront() {
   Changed("zorder");
 }
 
-void Widget::UserClick() { Fire(onClick); }
+void Widget::UserClick() {
+  Fire(onClick);
+}
 
 void Widget::UserMouseDown(int button, int shift, float x, float y) {
   if (onMouseDown) onMouseDown(button, shift, x, y);

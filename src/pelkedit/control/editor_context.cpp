@@ -1,0 +1,75 @@
+#include "control/editor_context.h"
+
+#include "control/navigation.h"
+#include "control/record_saving.h"
+#include "tabs/advisor/advisor_tab.h"
+#include "tabs/advisor/matrix_priority.h"
+#include "tabs/essentials/essentials_tab.h"
+#include "trace/error_paths.h"
+
+namespace pelkedit {
+namespace {
+
+constexpr std::int32_t kObjectVariableNotSet = 91;
+
+template <typename T>
+T& Require(const std::shared_ptr<T>& object, const char* what) {
+  if (!object) {
+    Raise(kObjectVariableNotSet, EditorContext::Proc(what),
+          "Object variable or With block variable not set");
+  }
+  return *object;
+}
+
+}  // namespace
+
+EditorContext::EditorContext(IPlatform& p, IEditorEvents& e) : platform(p), events(e) {}
+EditorContext::~EditorContext() = default;
+
+IRecord& EditorContext::Rec() const {
+  return Require(record, "record");
+}
+IAdvisor& EditorContext::Adv() const {
+  return Require(advisor, "advisor");
+}
+IDataAccess& EditorContext::Data() const {
+  return Require(data, "data");
+}
+
+std::string EditorContext::Proc(std::string_view procedure) {
+  return Qualified("PelkIboEdit", procedure);
+}
+
+void EditorContext::MarkIboAsDirty() {
+  RunMethod(Proc("MarkIboAsDirty"), [&] {
+    if (state.loading) return;
+    IRecord& rec = Rec();
+    if (!rec.Get("DirtyExempt").AsBool()) {
+      rec.Set("DirtyFlag", true);
+      rec.Set("CleanFlag", false);
+    }
+    rec.Set("ModifiedDate", platform.Now());
+    state.iboChanged = true;
+  });
+}
+
+void EditorContext::CenterControl(float left, Widget& ctl, const Widget& container) {
+  RunMethod(Proc("CenterControl"), [&] {
+    ctl.SetLeft(left);
+    ctl.SetTop(container.Top() + container.Height() / 2.0F - ctl.Height() / 2.0F);
+  });
+}
+
+void EditorContext::InitTooltips() const {
+  if (initTooltips) initTooltips();
+}
+
+void EditorContext::InitPage(TabPageId id) const {
+  if (TabPage* page = Page(id)) page->Init();
+}
+
+void EditorContext::SavePage(TabPageId id) const {
+  if (TabPage* page = Page(id)) page->Save();
+}
+
+}  // namespace pelkedit

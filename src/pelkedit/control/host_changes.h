@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+
+namespace pelkedit {
+
+class EditorContext;
+
+// Changes the host starts: a new start date, a new status, the upgrade to expert mode.
+class HostChanges {
+ public:
+  explicit HostChanges(EditorContext& ctx) : ctx_(ctx) {}
+  void IboChangeStartDate();
+  void IboChangeStatus(std::int32_t status);
+  void IboUpgradeToExpert();
+
+ private:
+  void UpdateIboStartDateChanged();
+  void UpdateIboStatusChanged(std::int32_t status);
+  void UpdateUpgradeToExpert();
+  // Copies the engine's results into the record; the start-date change copies UserPriority too.
+  void CopyBack(bool withUserPriority);
+  void RefreshSalesAdvisorIfShown();
+
+  EditorContext& ctx_;
+};
+
+}  // namespace pelkedit

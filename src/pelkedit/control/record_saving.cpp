@@ -1,0 +1,156 @@
+#include "control/record_saving.h"
+
+#include "control/editor_context.h"
+#include "control/navigation.h"
+#include "tabs/essentials/essentials_tab.h"
+#include "trace/error_paths.h"
+#include "values/text.h"
+
+namespace pelkedit {
+namespace {
+
+constexpr std::int32_t kLastMainView = 2;
+constexpr std::int32_t kArchiveView = 3;
+const char* const kLongSizeMessage =
+    "The current IBO physical size exceeds single Palm record storage limits. Please remove some "
+    "text from a product note field or IBO note field and try saving again.";
+const char* const kShortSizeMessage =
+    "The current IBO physical size exceeds single Palm record storage limits.";
+const char* const kSavePrompt = "The IBO has been modified. Would you like to save the changes?";
+
+}  // namespace
+
+void RecordSaving::Wire() {
+  ctx_.Get<Button>("cmdSave").onClick = [this] { CmdSaveClick(); };
+  ctx_.Get<Button>("cmdCancel").onClick = [this] { CmdCancelClick(); };
+}
+
+std::string RecordSaving::RetrievalProcedure(std::int32_t view, const std::string& procedure) {
+  if (view >= 0 && view <= kLastMainView) return kProcMain;
+  if (view == kArchiveView) return kProcArchive;
+  throw PelkError(ThreadTrace().InvalidArgumentErrorNumber(), procedure,
+                  "Invalid DB view specifier passed.");
+}
+
+void RecordSaving::SaveIBO() {
+  const std::string proc = EditorContext::Proc("SaveIBO");
+  RunMethod(proc, [&] {
+    const std::string procName = RetrievalProcedure(ctx_.state.dbView, proc);
+    ctx_.Data().WriteIbo(ctx_.Rec().GetIboData(), procName);
+  });
+}
+
+void RecordSaving::SaveAllTabs() {
+  RunMethod(EditorContext::Proc("SaveAllTabs"), [&] {
+    switch (ctx_.state.mainTab) {
+      case Navigation::kEssentials:
+        ctx_.essentials->SaveEssentialsTab();
+        return;
+      case Navigation::kSalesEnvironment:
+        if (ctx_.state.sEnvTab == Navigation::kProbe) ctx_.SavePage(TabPageId::kProbe);
+        if (ctx_.state.sEnvTab == Navigation::kClose) ctx_.SavePage(TabPageId::kClose);
+        return;
+      case Navigation::kIboInfo:
+        ctx_.SavePage(TabPageId::kInfo);
+        return;
+      case Navigation::kIboNote:
+        ctx_.SavePage(TabPageId::kNote);
+        return;
+      default:
+        return;
+    }
+  });
+}
+
+// Not traced: an error passes straight to the caller.
+bool RecordSaving::CheckRecordSize() {
+  auto helper =
+      std::dynamic_pointer_cast<ISizeHelper>(ctx_.platform.CreateObject(kSizeHelperProgId));
+  if (!helper) Raise(errnum::kTypeMismatch, kSizeHelperProgId);
+  const Variant size = helper->GetPhysicalSize(ctx_.Rec().GetIboData());
+  const auto bytes = static_cast<std::int64_t>(size.AsDouble());
+  return bytes <= kPalmRecordLimit;
+}
+
+void RecordSaving::PostCloseRequest() {
+  ctx_.platform.PostMessage(ctx_.platform.HostWindowHandle(), kWmClose, 0, 0);
+}
+
+std::int32_t RecordSaving::AskToSave() {
+  return static_cast<std::int32_t>(ctx_.platform.MsgBox(kSavePrompt, MsgIcon::kExclamation,
+                                                        MsgButtons::kYesNoCancel, "IBO modified"));
+}
+
+void RecordSaving::CmdSaveClick() {
+  RunHandler(EditorContext::Proc("cmdSave_Click"), ctx_.platform, [&] {
+    SaveAllTabs();
+    if (!CheckRecordSize()) {
+      ctx_.platform.MsgBox(kLongSizeMessage, MsgIcon::kExclamation, MsgButtons::kOk, "Pelkor");
+      return;
+    }
+    SaveIBO();
+    ctx_.state.iboSaved = true;
+    PostCloseRequest();
+  });
+}
+
+void RecordSaving::CmdCancelClick() {
+  RunHandler(
+      EditorContext::Proc("cmdCancel_Click"), ctx_.platform,
+      [&] {
+        SaveAllTabs();
+        if (ctx_.state.iboChanged) {
+          const auto answer = static_cast<MsgAnswer>(AskToSave());
+          ctx_.state.promptAnswered = true;
+          if (answer == MsgAnswer::kCancel) return;
+          if (answer == MsgAnswer::kYes) {
+            SaveIBO();
+            ctx_.state.iboSaved = true;
+          } else {
+            ctx_.state.iboChanged = false;
+          }
+        }
+        PostCloseRequest();
+      },
+      // Whatever failed, the host is told the record may have been saved.
+      [&] { ctx_.state.iboSaved = true; });
+}
+
+void RecordSaving::FormClose() {
+  RunMethod(EditorContext::Proc("FormClose"), [&] {
+    SaveAllTabs();
+    if (!ctx_.state.iboChanged || ctx_.state.promptAnswered) return;
+    const auto answer = static_cast<MsgAnswer>(AskToSave());
+    if (answer == MsgAnswer::kNo) {
+      ctx_.state.iboChanged = false;
+      return;
+    }
+    if (answer != MsgAnswer::kYes) return;
+    if (!CheckRecordSize()) {
+      ctx_.platform.MsgBox(kShortSizeMessage, MsgIcon::kExclamation, MsgButtons::kOk, "Pelkor");
+      return;
+    }
+    SaveIBO();
+  });
+}
+
+std::string ValidateField(const std::string& text, std::int32_t maxLength) {
+  return RunMethod(EditorContext::Proc("ValidateField"), [&]() -> std::string {
+    const auto limit = static_cast<std::size_t>(maxLength < 0 ? 0 : maxLength);
+    if (CharCount(text) <= limit) return text;
+    std::size_t excess = CharCount(text) - limit;
+    std::string result = text;
+    // Line breaks go first, from the end of the text towards its start.
+    for (std::size_t at = result.rfind("\r\n"); excess > 0 && at != std::string::npos;
+         at = at == 0 ? std::string::npos : result.rfind("\r\n", at - 1)) {
+      result.replace(at, 2, " ");
+      --excess;
+    }
+    const std::size_t first = result.find_first_not_of(' ');
+    if (first == std::string::npos) return std::string();
+    result = result.substr(first, result.find_last_not_of(' ') - first + 1);
+    return CharCount(result) > limit ? CharLeft(result, limit) : result;
+  });
+}
+
+}  // namespace pelkedit

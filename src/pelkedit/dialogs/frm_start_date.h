@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "platform/modal_dialog.h"
+#include "values/date.h"
+
+namespace pelkedit {
+
+class IPlatform;
+
+// The start-date dialog: the user picks a new start date no later than the WWIH date.
+class FrmStartDate : public ModalDialog {
+ public:
+  explicit FrmStartDate(IPlatform& platform);
+
+  std::string Name() const override { return "frmStartDate"; }
+  std::string Caption() const override { return "Change Start Date"; }
+  int WidthPixels() const override;
+  int HeightPixels() const override;
+
+  void DialogInit(const Date& start, const Date& wwihDate);
+  Date StartDate() const { return startDate_; }
+  bool DialogCancel() const { return dialogCancel_; }
+
+ protected:
+  void OnLoad() override { dialogCancel_ = true; }
+
+ private:
+  void CmdSaveClick();
+  void CmdCancelClick();
+
+  IPlatform& platform_;
+  Date startDate_;
+  Date wwihDate_;
+  bool dialogCancel_ = true;
+};
+
+}  // namespace pelkedit

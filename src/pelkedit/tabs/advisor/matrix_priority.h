@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+
+namespace pelkedit {
+
+class EditorContext;
+
+// The probability matrix markers and the priority pictures on the Essentials tab.
+class MatrixPriority {
+ public:
+  explicit MatrixPriority(EditorContext& ctx) : ctx_(ctx) {}
+
+  // Pixel position of a matrix square: column is the WIH code, row the WWGI code.
+  static void GetSquareCoordinates(std::int32_t column, std::int32_t row, float& left, float& top);
+  void RefreshMatrixInfo(bool showAdvisor);
+  void RefreshPriorityInfo(bool showAdvisor);
+
+ private:
+  EditorContext& ctx_;
+};
+
+}  // namespace pelkedit
