@@ -1,0 +1,13 @@
+#pragma once
+
+#include "data/ibo_database.h"
+
+namespace pelkor {
+
+// Fills `db` with a handful of realistic opportunities for demonstrations and manual testing:
+// open, won, lost and cancelled, basic and expert mode, one in the archive. Opportunities the
+// database already holds (by id and table) are left as they are, so seeding twice adds
+// nothing. Returns how many were added.
+int SeedDemoData(IboDatabase& db);
+
+}  // namespace pelkor

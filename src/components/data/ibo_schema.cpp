@@ -1,0 +1,113 @@
+#include "data/ibo_schema.h"
+
+#include <array>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+#include "data/data_error.h"
+
+namespace pelkor::data_detail {
+namespace {
+
+// Marks the file as ours in its header ("PELK"), so a foreign database is recognised.
+constexpr int kApplicationId = 0x50454C4B;
+constexpr int kSchemaVersion = 1;
+constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
+
+int PragmaInt(SQLite::Database& db, const char* pragma) {
+  return db.execAndGet(std::string("PRAGMA ") + pragma).getInt();
+}
+
+bool HasAnySchemaObject(SQLite::Database& db) {
+  return db.execAndGet("SELECT count(*) FROM sqlite_master").getInt() > 0;
+}
+
+bool HasTable(SQLite::Database& db, const char* name) {
+  SQLite::Statement query(db,
+                          "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = ?");
+  query.bind(1, name);
+  query.executeStep();
+  return query.getColumn(0).getInt() > 0;
+}
+
+void CheckIntegrity(SQLite::Database& db, const std::string& refusal) {
+  SQLite::Statement check(db, "PRAGMA quick_check(1)");
+  check.executeStep();
+  const std::string verdict = check.getColumn(0).getString();
+  if (verdict != "ok") {
+    RaiseDataError(refusal + ": the database is damaged (" + verdict + ").");
+  }
+}
+
+// True when the database is empty and needs its schema.
+bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
+  const int applicationId = PragmaInt(db, "application_id");
+  const int version = PragmaInt(db, "user_version");
+  if (applicationId == 0 && version == 0) {
+    if (HasAnySchemaObject(db)) {
+      RaiseDataError(refusal + ": it is a database of another application.");
+    }
+    return true;
+  }
+  if (applicationId != kApplicationId) {
+    RaiseDataError(refusal + ": it is a database of another application.");
+  }
+  if (version != kSchemaVersion) {
+    RaiseDataError(refusal + ": it has schema version " + std::to_string(version) +
+                   " and this program reads version " + std::to_string(kSchemaVersion) + ".");
+  }
+  for (const IboTable table : kTables) {
+    if (!HasTable(db, TableSqlName(table))) {
+      RaiseDataError(refusal + ": the database is damaged (the " +
+                     std::string(IboTableName(table)) + " table is missing).");
+    }
+  }
+  return false;
+}
+
+void CreateTable(SQLite::Database& db, const std::string& name) {
+  db.exec("CREATE TABLE " + name +
+          " (id INTEGER PRIMARY KEY, ibo_number INTEGER NOT NULL, company TEXT NOT NULL,"
+          " status INTEGER NOT NULL, expert INTEGER NOT NULL, data BLOB NOT NULL)");
+  for (const char* column : {"ibo_number", "company", "status", "expert"}) {
+    db.exec("CREATE INDEX " + name + "_" + column + " ON " + name + " (" + column + ")");
+  }
+}
+
+void CreateSchema(SQLite::Database& db) {
+  SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
+  // Another program may have created it between our check and our lock.
+  if (HasAnySchemaObject(db)) {
+    return;
+  }
+  for (const IboTable table : kTables) {
+    CreateTable(db, TableSqlName(table));
+  }
+  db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+  db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  transaction.commit();
+}
+
+}  // namespace
+
+const char* TableSqlName(IboTable table) {
+  return table == IboTable::kArchive ? "ibo_archive" : "ibo_main";
+}
+
+void PrepareDatabase(SQLite::Database& db, const std::string& path) {
+  const std::string refusal = "Cannot open the IBO database '" + path + "'";
+  WithSqlErrors(refusal, [&] {
+    CheckIntegrity(db, refusal);
+    const bool empty = CheckOwnership(db, refusal);
+    if (path != kMemoryPath) {
+      db.exec("PRAGMA journal_mode = WAL");
+    }
+    if (empty) {
+      CreateSchema(db);
+    }
+  });
+}
+
+}  // namespace pelkor::data_detail

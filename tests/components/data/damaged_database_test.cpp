@@ -1,0 +1,103 @@
+// Files that are not IBO databases are refused with an error naming them, and left alone.
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/demo_seed.h"
+#include "data/ibo_database.h"
+#include "data_test_support.h"
+
+namespace pelkor {
+namespace {
+
+using testing::ErrorOf;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+using testing::TempFolder;
+
+std::string Contents(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void WriteFile(const std::string& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// Opening `path` fails with error 5 naming the file and the reason, and changes no byte.
+void ExpectRefused(const std::string& path, const std::string& reason) {
+  const std::string before = Contents(path);
+  const auto error = ErrorOf([&] { IboDatabase::Open(path); });
+  EXPECT_EQ(error.Number(), pelkedit::errnum::kInvalidProcedureCall);
+  EXPECT_EQ(error.Source(), kDataErrorSource);
+  EXPECT_THAT(error.Description(), StartsWith("Cannot open the IBO database '" + path + "': "));
+  EXPECT_THAT(error.Description(), HasSubstr(reason));
+  EXPECT_EQ(Contents(path), before);
+}
+
+TEST(DamagedDatabase, JunkBytesAreNotADatabase) {
+  TempFolder folder;
+  const std::string path = folder.File("junk.db");
+  std::string junk;
+  for (int i = 0; i < 4096; ++i) {
+    junk.push_back(static_cast<char>((i * 7919) % 251));
+  }
+  WriteFile(path, junk);
+  ExpectRefused(path, "the file is not a database");
+}
+
+TEST(DamagedDatabase, TruncatedDatabaseIsDamaged) {
+  TempFolder folder;
+  const std::string path = folder.File("truncated.db");
+  SeedDemoData(*IboDatabase::Open(path));  // closing the last connection folds the log back in
+  ASSERT_FALSE(std::filesystem::exists(path + "-wal"));
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) / 2);
+  ExpectRefused(path, "the database is damaged");
+}
+
+TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
+  TempFolder folder;
+  const std::string foreign = folder.File("contacts.db");
+  {
+    SQLite::Database db(foreign, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    db.exec("CREATE TABLE contacts (id INTEGER PRIMARY KEY, name TEXT)");
+  }
+  ExpectRefused(foreign, "it is a database of another application");
+
+  const std::string newer = folder.File("newer.db");
+  IboDatabase::Open(newer);
+  {
+    SQLite::Database db(newer, SQLite::OPEN_READWRITE);
+    db.exec("PRAGMA user_version = 2");
+  }
+  ExpectRefused(newer, "it has schema version 2 and this program reads version 1");
+
+  const std::string gutted = folder.File("gutted.db");
+  IboDatabase::Open(gutted);
+  {
+    SQLite::Database db(gutted, SQLite::OPEN_READWRITE);
+    db.exec("DROP TABLE ibo_archive");
+  }
+  ExpectRefused(gutted, "the archive table is missing");
+}
+
+TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {
+  TempFolder folder;
+  const std::string fresh = folder.File("fresh.db");
+  EXPECT_TRUE(IboDatabase::Open(fresh)->ListIbos().empty());
+  EXPECT_TRUE(std::filesystem::exists(fresh));
+
+  const std::string nowhere = folder.File("no/such/folder/ibos.db");
+  const auto error = ErrorOf([&] { IboDatabase::Open(nowhere); });
+  EXPECT_EQ(error.Description(), "Cannot open the IBO database '" + nowhere +
+                                     "': the file cannot be opened or created.");
+  EXPECT_EQ(ErrorOf([] { IboDatabase::Open(""); }).Description(),
+            "No IBO database file was named.");
+}
+
+}  // namespace
+}  // namespace pelkor

@@ -1,0 +1,44 @@
+# Runs pelkor-db seed (twice) and list on a new file, and list on a file that is not a database.
+# Variables: TOOL (the executable), WORK (a scratch folder).
+file(REMOVE_RECURSE "${WORK}")
+file(MAKE_DIRECTORY "${WORK}")
+set(db "${WORK}/demo.db")
+
+function(run expected_rc)
+  execute_process(COMMAND "${TOOL}" ${ARGN} RESULT_VARIABLE rc OUTPUT_VARIABLE out
+                  ERROR_VARIABLE err)
+  if(NOT rc EQUAL expected_rc)
+    message(FATAL_ERROR "pelkor-db ${ARGN}: exit ${rc}, expected ${expected_rc}\n${out}${err}")
+  endif()
+  set(out "${out}" PARENT_SCOPE)
+  set(err "${err}" PARENT_SCOPE)
+endfunction()
+
+function(expect_match text pattern)
+  if(NOT text MATCHES "${pattern}")
+    message(FATAL_ERROR "expected '${pattern}' in:\n${text}")
+  endif()
+endfunction()
+
+run(0 seed "${db}")
+expect_match("${out}" "9 IBOs added, 9 in the database")
+run(0 seed "${db}")
+expect_match("${out}" "0 IBOs added, 9 in the database")
+
+run(0 list "${db}")
+expect_match("${out}" "1001  main +IBO#1001 +Harbor Freight Logistics +Open +expert")
+expect_match("${out}" "9001  archive +IBO#9001 +Old Mill Hardware +Lost +expert")
+string(REGEX MATCHALL "\n" lines "${out}")
+list(LENGTH lines count)
+if(NOT count EQUAL 9)
+  message(FATAL_ERROR "expected 9 lines, got ${count}:\n${out}")
+endif()
+
+file(WRITE "${WORK}/junk.db" "this is a shopping list, not a database\n")
+run(1 list "${WORK}/junk.db")
+expect_match("${err}" "junk.db': the file is not a database")
+run(1 list "${WORK}/missing.db")
+expect_match("${err}" "missing.db' does not exist")
+if(EXISTS "${WORK}/missing.db")
+  message(FATAL_ERROR "list created a database")
+endif()
