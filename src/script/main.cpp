@@ -1,0 +1,21 @@
+// pelkedit-script: runs the editor component headless from scenario files.
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "runner.h"
+
+int main(int argc, char** argv) {
+  CLI::App app{"Runs PelkEdit scenarios headless and prints what can be observed."};
+  pelkscript::WorldOptions options;
+  std::vector<std::string> files;
+  app.add_option("--db", options.dbPath, "database file to use instead of an in-memory one");
+  app.add_option("--trace-log", options.traceLogPath, "file the trace component writes to");
+  app.add_option("files", files, "scenario files ('-' or none: standard input)");
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    const int status = app.exit(error);
+    return status == 0 ? 0 : pelkscript::kScriptUnrunnable;
+  }
+  return pelkscript::RunScenarios(files, options, std::cin, std::cout);
+}

@@ -1,0 +1,245 @@
+#include "scripted_platform.h"
+
+#include <algorithm>
+
+#include "platform/modal_dialog.h"
+#include "values/variant.h"
+#include "widgets/controls.h"
+
+namespace pelkscript {
+namespace {
+
+using pelkedit::MsgAnswer;
+using pelkedit::MsgButtons;
+
+constexpr int kDefaultYear = 2026;
+constexpr int kDefaultMonth = 1;
+constexpr int kDefaultDay = 15;
+constexpr int kDefaultHour = 10;
+
+enum DateOrderCode : std::int32_t { kMonthFirst = 0, kDayFirst = 1, kYearFirst = 2 };
+
+std::vector<MsgAnswer> AnswersOf(MsgButtons buttons) {
+  switch (buttons) {
+    case MsgButtons::kOk:
+      return {MsgAnswer::kOk};
+    case MsgButtons::kOkCancel:
+      return {MsgAnswer::kOk, MsgAnswer::kCancel};
+    case MsgButtons::kAbortRetryIgnore:
+      return {MsgAnswer::kAbort, MsgAnswer::kRetry, MsgAnswer::kIgnore};
+    case MsgButtons::kYesNoCancel:
+      return {MsgAnswer::kYes, MsgAnswer::kNo, MsgAnswer::kCancel};
+    case MsgButtons::kYesNo:
+      return {MsgAnswer::kYes, MsgAnswer::kNo};
+    case MsgButtons::kRetryCancel:
+      return {MsgAnswer::kRetry, MsgAnswer::kCancel};
+  }
+  return {MsgAnswer::kOk};
+}
+
+// The answer a box gives when the user dismisses it without choosing (Escape).
+MsgAnswer CancellingAnswer(MsgButtons buttons) {
+  switch (buttons) {
+    case MsgButtons::kOk:
+      return MsgAnswer::kOk;
+    case MsgButtons::kYesNo:
+      return MsgAnswer::kNo;
+    case MsgButtons::kAbortRetryIgnore:
+      return MsgAnswer::kAbort;
+    default:
+      return MsgAnswer::kCancel;
+  }
+}
+
+void RunStep(const DialogStep& step, pelkedit::ModalDialog& dialog) {
+  auto& widgets = dialog.Widgets();
+  switch (step.kind) {
+    case DialogStep::Kind::kSetDay:
+      widgets.Get<pelkedit::DayValued>("dteStartDate").UserSetDay(step.day);
+      return;
+    case DialogStep::Kind::kSave:
+      widgets.Get<pelkedit::Button>("cmdSave").UserClick();
+      return;
+    case DialogStep::Kind::kCancel:
+      widgets.Get<pelkedit::Button>("cmdCancel").UserClick();
+      return;
+    case DialogStep::Kind::kClose:
+      dialog.CloseBox();
+      return;
+  }
+}
+
+}  // namespace
+
+pelkedit::Date DefaultClock() {
+  return pelkedit::Date::FromCivil(kDefaultYear, kDefaultMonth, kDefaultDay, kDefaultHour);
+}
+
+std::optional<std::int32_t> DateOrderOfFormat(const std::string& format) {
+  for (const char c : format) {
+    switch (c) {
+      case 'M':
+      case 'm':
+        return kMonthFirst;
+      case 'd':
+      case 'D':
+        return kDayFirst;
+      case 'y':
+      case 'Y':
+        return kYearFirst;
+      default:
+        break;
+    }
+  }
+  return std::nullopt;
+}
+
+ScriptedPlatform::ScriptedPlatform(WorldLog& log, FaultInjector& faults,
+                                   pelkedit::ObjectFactory& factory)
+    : log_(log), faults_(faults), factory_(factory), now_(DefaultClock()) {}
+
+void ScriptedPlatform::SetShortDateFormat(std::string format) {
+  shortDateFormat_ = std::move(format);
+  localeMode_ = LocaleMode::kFromFormat;
+}
+
+void ScriptedPlatform::SetLocaleFails() {
+  localeMode_ = LocaleMode::kFails;
+}
+
+void ScriptedPlatform::SetLocaleAnswer(std::string rawAnswer) {
+  localeAnswer_ = std::move(rawAnswer);
+  localeMode_ = LocaleMode::kRawAnswer;
+}
+
+void ScriptedPlatform::Fault(const std::string& operation) {
+  faults_.Check("platform", operation, kPlatformSource);
+}
+
+MsgAnswer ScriptedPlatform::Answer(const std::string& text, MsgButtons buttons) {
+  // A box with only OK takes a queued OK but leaves other answers for the boxes they were
+  // meant for.
+  if (buttons == MsgButtons::kOk) {
+    if (!answers_.empty() && answers_.front() == MsgAnswer::kOk) answers_.pop_front();
+    return MsgAnswer::kOk;
+  }
+  const MsgAnswer fallback = CancellingAnswer(buttons);
+  const std::string box =
+      "message box " + pelkedit::QuoteString(text) + " (" + pelkedit::MsgButtonsName(buttons) + ")";
+  if (answers_.empty()) {
+    if (onUnansweredBox) {
+      onUnansweredBox("unanswered " + box + " answered " + pelkedit::MsgAnswerName(fallback));
+    }
+    return fallback;
+  }
+  const MsgAnswer queued = answers_.front();
+  answers_.pop_front();
+  const auto fits = AnswersOf(buttons);
+  if (std::find(fits.begin(), fits.end(), queued) != fits.end()) return queued;
+  if (onUnansweredBox) {
+    onUnansweredBox(std::string("answer ") + pelkedit::MsgAnswerName(queued) + " does not fit " +
+                    box + ", answered " + pelkedit::MsgAnswerName(fallback));
+  }
+  return fallback;
+}
+
+MsgAnswer ScriptedPlatform::MsgBox(const std::string& text, pelkedit::MsgIcon icon,
+                                   MsgButtons buttons, const std::string& title) {
+  Fault("MsgBox");
+  const MsgAnswer answer = Answer(text, buttons);
+  log_.Add(WorldLog::Kind::kMessages,
+           "msgbox " + pelkedit::QuoteString(text) + " title " + pelkedit::QuoteString(title) +
+               " icon " + pelkedit::MsgIconName(icon) + " buttons " +
+               pelkedit::MsgButtonsName(buttons) + " -> " + pelkedit::MsgAnswerName(answer));
+  return answer;
+}
+
+void ScriptedPlatform::PostMessage(std::int32_t /*hwnd*/, std::uint32_t message,
+                                   std::int32_t wparam, std::int32_t lparam) {
+  Fault("PostMessage");
+  log_.Add(WorldLog::Kind::kCalls, "platform.PostMessage " + std::to_string(message) + " " +
+                                       std::to_string(wparam) + " " + std::to_string(lparam));
+}
+
+std::int32_t ScriptedPlatform::HostWindowHandle() {
+  Fault("HostWindowHandle");
+  return kScriptedHostWindow;
+}
+
+pelkedit::MousePointer ScriptedPlatform::ScreenPointer() {
+  Fault("ScreenPointer");
+  return pointer_;
+}
+
+void ScriptedPlatform::SetScreenPointer(pelkedit::MousePointer pointer) {
+  Fault("SetScreenPointer");
+  pointer_ = pointer;
+}
+
+pelkedit::Date ScriptedPlatform::Now() {
+  Fault("Now");
+  return now_;
+}
+
+pelkedit::Date ScriptedPlatform::Today() {
+  Fault("Today");
+  return pelkedit::Date::FromDayNumber(now_.DayNumber());
+}
+
+std::string ScriptedPlatform::ShortDateFormat() {
+  Fault("ShortDateFormat");
+  return shortDateFormat_;
+}
+
+std::string ScriptedPlatform::DateOrderText() const {
+  if (localeMode_ == LocaleMode::kRawAnswer) return localeAnswer_;
+  const auto order = DateOrderOfFormat(shortDateFormat_);
+  return order ? std::to_string(*order) : std::string();
+}
+
+std::int32_t ScriptedPlatform::GetLocaleInfoA(std::int32_t locale, std::int32_t lctype,
+                                              std::string& buffer, std::int32_t size) {
+  Fault("GetLocaleInfoA");
+  if (localeMode_ == LocaleMode::kFails || locale != pelkedit::kLocaleUserDefault ||
+      lctype != pelkedit::kLocaleIDate) {
+    return 0;
+  }
+  const std::string text = DateOrderText();
+  if (text.empty() && localeMode_ == LocaleMode::kFromFormat) return 0;
+  // The count includes the terminating zero; size 0 asks for the count without writing.
+  const auto needed = static_cast<std::int32_t>(text.size() + 1);
+  if (size == 0) return needed;
+  if (size < needed) return 0;
+  if (buffer.size() < text.size() + 1) buffer.resize(text.size() + 1);
+  buffer.replace(0, text.size(), text);
+  buffer[text.size()] = '\0';
+  return needed;
+}
+
+void ScriptedPlatform::StartProcess(const std::string& commandLine) {
+  Fault("StartProcess");
+  log_.Add(WorldLog::Kind::kCalls, "platform.StartProcess " + pelkedit::QuoteString(commandLine));
+}
+
+void ScriptedPlatform::ShowModal(pelkedit::ModalDialog& dialog) {
+  Fault("ShowModal");
+  log_.Add(WorldLog::Kind::kCalls, "dialog " + dialog.Name() + " shown");
+  std::vector<DialogStep> steps;
+  if (dialog.Name() == kStartDateDialogName && !startDateDialogs_.empty()) {
+    steps = std::move(startDateDialogs_.front());
+    startDateDialogs_.pop_front();
+  }
+  dialog.Open();
+  for (const auto& step : steps) {
+    if (!dialog.IsOpen()) break;
+    RunStep(step, dialog);
+  }
+  if (dialog.IsOpen()) dialog.CloseBox();
+}
+
+pelkedit::ObjectPtr ScriptedPlatform::CreateObject(const std::string& progId) {
+  Fault("CreateObject");
+  return factory_.Create(progId);
+}
+
+}  // namespace pelkscript

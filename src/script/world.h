@@ -1,0 +1,65 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "advisor/scripted_engine.h"
+#include "control/editor_events.h"
+#include "control/pelk_ibo_edit.h"
+#include "data/ibo_database.h"
+#include "platform/object_factory.h"
+#include "scripted_platform.h"
+#include "world_log.h"
+
+namespace pelkscript {
+
+struct WorldOptions {
+  // Database file; empty for a private in-memory database.
+  std::string dbPath;
+  // Trace log file; empty for one in the world's temporary folder.
+  std::string traceLogPath;
+};
+
+// The host's side of the component's events: each one becomes an `event` line.
+class EventRecorder : public pelkedit::IEditorEvents {
+ public:
+  explicit EventRecorder(WorldLog& log) : log_(log) {}
+  void SetFormCaption(const std::string& caption) override;
+  void SetIBOStatus(std::int32_t status) override;
+  void SetExpertMode(bool expert) override;
+
+ private:
+  WorldLog& log_;
+};
+
+// Everything one scenario file runs in: the scripted platform, the real components behind
+// recording decorators, the database, the engine results, the component and a temporary
+// folder of its own. Destroying the world destroys the component and unloads the library.
+class World {
+ public:
+  explicit World(const WorldOptions& options);
+  ~World();
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+
+  const std::filesystem::path& TempDir() const { return tempDir_; }
+
+  WorldLog log;
+  FaultInjector faults;
+  pelkedit::ObjectFactory factory;
+  ScriptedPlatform platform{log, faults, factory};
+  EventRecorder events{log};
+  std::shared_ptr<pelkor::IboDatabase> db;
+  std::shared_ptr<pelkor::ScriptedResults> results = std::make_shared<pelkor::ScriptedResults>();
+  std::unique_ptr<pelkedit::PelkIboEdit> component;
+
+ private:
+  void RegisterComponents(const std::string& traceLogPath);
+  std::filesystem::path tempDir_;
+};
+
+// A fresh, empty folder under the system's temporary directory.
+std::filesystem::path MakeTempDir();
+
+}  // namespace pelkscript
