@@ -82,7 +82,18 @@ void Session::RunLine(const std::string& line) {
   if (words.empty()) return;
   const auto it = Commands().find(words.front().raw);
   if (it == Commands().end()) throw ScriptError("unknown command " + words.front().raw);
-  (this->*(it->second))(words);
+  // What the component raises is printed by the commands that run it; anything else raised
+  // while the runner itself reads or sets up the world means the line cannot be run.
+  try {
+    (this->*(it->second))(words);
+  } catch (const ScriptError&) {
+    throw;
+  } catch (const pelkedit::PelkError& error) {
+    throw ScriptError(words.front().raw + ": error " + std::to_string(error.Number()) + " " +
+                      pelkedit::QuoteString(error.Description()));
+  } catch (const std::exception& error) {
+    throw ScriptError(words.front().raw + ": " + error.what());
+  }
 }
 
 void Session::FailExpectation(const std::string& text) {

@@ -62,6 +62,18 @@ TEST(Runner, ScriptErrorsNameTheLineAndStopTheFile) {
   EXPECT_NE(config.output.find("config is not available in this version"), std::string::npos);
 }
 
+TEST(Runner, ObservingWhatTheComponentCannotGiveIsAScriptErrorOnItsLine) {
+  // Without a record object the component cannot say its status.
+  const Outcome run = RunText(
+      "fail-create PelkComn.IboProperties\n"
+      "create\n"
+      "expect record.Status = 1\n"
+      "print control.IboStatus\n");
+  EXPECT_EQ(run.status, kScriptUnrunnable);
+  EXPECT_NE(run.output.find("-:4: script error: print: error 91"), std::string::npos) << run.output;
+  EXPECT_EQ(LastLine(run.output), "0 passed, 1 failed");
+}
+
 TEST(Runner, UnansweredSavePromptCountsAsFailure) {
   const Outcome run = RunText(
       "ibo 7 0\n"
