@@ -1,0 +1,230 @@
+#include "binding/binder.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextEdit>
+#include <algorithm>
+
+#include "binding/date_widgets.h"
+#include "binding/picture_view.h"
+#include "pictures/pictures.h"
+#include "values/error.h"
+
+namespace pelkor::desktop {
+
+using pelkedit::WidgetKind;
+
+namespace {
+
+// The Qt widget that shows one model, and the part of it the user works with.
+std::pair<QWidget*, QWidget*> MakeWidget(const pelkedit::Widget& model, QWidget* form) {
+  const QString name = QString::fromStdString(model.Name());
+  QWidget* widget = nullptr;
+  switch (model.Kind()) {
+    case WidgetKind::kTextBox:
+      if (static_cast<const pelkedit::TextBox&>(model).Multiline()) {
+        auto* edit = new QPlainTextEdit(form);
+        edit->setTabChangesFocus(true);
+        widget = edit;
+      } else {
+        widget = new QLineEdit(form);
+      }
+      break;
+    case WidgetKind::kList:
+      widget = new QComboBox(form);
+      break;
+    case WidgetKind::kOption: {
+      auto* option = new QRadioButton(form);
+      // The models keep their groups exclusive; Qt's own grouping is by parent and would
+      // join groups that share a frame.
+      option->setAutoExclusive(false);
+      widget = option;
+      break;
+    }
+    case WidgetKind::kLabel: {
+      auto* label = new QLabel(form);
+      label->setWordWrap(true);
+      label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+      widget = label;
+      break;
+    }
+    case WidgetKind::kPicture:
+      widget = new PictureView(form);
+      break;
+    case WidgetKind::kButton:
+      widget = new QPushButton(form);
+      break;
+    case WidgetKind::kFrame:
+      widget = new QFrame(form);
+      break;
+    case WidgetKind::kDateEdit: {
+      auto* box = new DateEditBox(name, form);
+      return {box, box->Edit()};
+    }
+    case WidgetKind::kCalendar: {
+      auto* box = new CalendarBox(name, form);
+      return {box, box->Calendar()};
+    }
+    case WidgetKind::kDateField: {
+      auto* edit = new QDateEdit(form);
+      edit->setButtonSymbols(QAbstractSpinBox::NoButtons);
+      widget = edit;
+      break;
+    }
+    case WidgetKind::kRichText: {
+      auto* text = new QTextEdit(form);
+      text->setReadOnly(true);
+      widget = text;
+      break;
+    }
+  }
+  widget->setObjectName(name);
+  return {widget, widget};
+}
+
+}  // namespace
+
+Binder::Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions options)
+    : QObject(form),
+      registry_(registry),
+      form_(form),
+      options_(std::move(options)),
+      self_(std::make_shared<Binder*>(this)) {
+  CreateWidgets();
+  PlaceInParents();
+  std::weak_ptr<Binder*> weak = self_;
+  for (Binding& binding : bindings_) {
+    ApplyAll(binding);
+    ConnectInput(binding);
+    binding.model->AddObserver([weak](pelkedit::Widget& model, const std::string& property) {
+      const auto self = weak.lock();
+      if (!self) return;
+      Binder& binder = **self;
+      const auto it = binder.index_.find(&model);
+      if (it != binder.index_.end()) binder.Apply(binder.bindings_[it->second], property);
+    });
+  }
+  // Stacking: a larger z-order is in front; equal ones keep the order of creation.
+  std::vector<Binding*> stacking;
+  for (Binding& binding : bindings_) stacking.push_back(&binding);
+  std::stable_sort(stacking.begin(), stacking.end(), [](const Binding* a, const Binding* b) {
+    return a->model->ZOrder() < b->model->ZOrder();
+  });
+  for (Binding* binding : stacking) binding->placed->raise();
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
+}
+
+Binder::~Binder() {
+  self_.reset();
+}
+
+void Binder::CreateWidgets() {
+  bindings_.reserve(registry_.All().size());
+  for (pelkedit::Widget* model : registry_.All()) {
+    const auto [placed, inner] = MakeWidget(*model, form_);
+    index_[model] = bindings_.size();
+    bindings_.push_back({model, placed, inner});
+  }
+}
+
+void Binder::PlaceInParents() {
+  for (Binding& binding : bindings_) {
+    const pelkedit::Widget* parent = binding.model->Parent();
+    if (parent == nullptr) continue;
+    const auto it = index_.find(parent);
+    if (it == index_.end()) continue;
+    binding.placed->setParent(bindings_[it->second].placed);
+  }
+}
+
+QWidget* Binder::WidgetFor(const std::string& name) const {
+  const pelkedit::Widget* model = registry_.Find(name);
+  const auto it = index_.find(model);
+  return it == index_.end() ? nullptr : bindings_[it->second].inner.data();
+}
+
+QWidget* Binder::PlacedWidgetFor(const std::string& name) const {
+  const pelkedit::Widget* model = registry_.Find(name);
+  const auto it = index_.find(model);
+  return it == index_.end() ? nullptr : bindings_[it->second].placed.data();
+}
+
+Binder::Binding* Binder::Find(const QWidget* widget) {
+  for (const QWidget* w = widget; w != nullptr; w = w->parentWidget()) {
+    for (Binding& binding : bindings_) {
+      if (binding.placed == w || binding.inner == w) return &binding;
+    }
+    if (w == form_) break;
+  }
+  return nullptr;
+}
+
+pelkedit::Widget* Binder::ModelFor(const QWidget* widget) const {
+  Binding* binding = const_cast<Binder*>(this)->Find(widget);
+  return binding == nullptr ? nullptr : binding->model;
+}
+
+void Binder::OnFocusChanged(QWidget* now) {
+  if (applying_ || now == nullptr) return;
+  Binding* binding = Find(now);
+  if (binding == nullptr || !binding->model->Focusable()) return;
+  // Moving the focus raises the lost focus of the widget that had it, before the press that
+  // moved the focus is delivered.
+  Dispatch([this, binding] { registry_.MoveFocus(binding->model); });
+}
+
+void Binder::SyncFocus() {
+  pelkedit::Widget* focused = registry_.Focused();
+  if (focused == nullptr) return;
+  const auto it = index_.find(focused);
+  if (it == index_.end()) return;
+  QWidget* widget = bindings_[it->second].inner;
+  if (widget == nullptr || !widget->isVisible() ||
+      widget->isAncestorOf(QApplication::focusWidget()) || widget == QApplication::focusWidget()) {
+    return;
+  }
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+void Binder::Dispatch(const std::function<void()>& action) {
+  if (applying_) return;
+  try {
+    action();
+  } catch (const std::exception& error) {
+    ReportError(error);
+  }
+  SyncFocus();
+  emit userActionHandled();
+}
+
+void Binder::ReportError(const std::exception& error) {
+  if (options_.onError) {
+    options_.onError(error);
+    return;
+  }
+  QString text = QString::fromUtf8(error.what());
+  if (const auto* pelk = dynamic_cast<const pelkedit::PelkError*>(&error)) {
+    text = QString("Error %1 in %2:\n%3")
+               .arg(pelk->Number())
+               .arg(QString::fromStdString(pelk->Source()),
+                    QString::fromStdString(pelk->Description()));
+  }
+  QMessageBox::critical(form_ ? form_->window() : nullptr, tr("Pelkor"), text);
+}
+
+const QPixmap& Binder::PictureOf(int id) {
+  auto it = pictures_.find(id);
+  if (it == pictures_.end()) it = pictures_.emplace(id, DrawPicture(id)).first;
+  return it->second;
+}
+
+}  // namespace pelkor::desktop

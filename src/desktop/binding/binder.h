@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QObject>
+#include <QPixmap>
+#include <QPointer>
+#include <QWidget>
+#include <exception>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "widgets/controls.h"
+#include "widgets/widget_registry.h"
+
+namespace pelkor::desktop {
+
+struct BinderOptions {
+  // The user's short-date format (Qt syntax); the date edits take its separator.
+  QString shortDateFormat = "M/d/yyyy";
+  // Pictures that belong to the form's design: shown by widget name while the model names none.
+  std::map<std::string, int> fixedPictures;
+  // Called with an error a model raised while handling the user's input; by default the error
+  // is shown in a message box over the form.
+  std::function<void(const std::exception&)> onError;
+};
+
+// Shows every widget model of a registry as a real Qt widget of the same object name on a form,
+// keeps the widgets in step with the models, and hands the user's input to the models the way
+// the classic controls raised it.
+class Binder : public QObject {
+  Q_OBJECT
+ public:
+  Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions options = {});
+  ~Binder() override;
+  Binder(const Binder&) = delete;
+  Binder& operator=(const Binder&) = delete;
+
+  // The widget the user works with (for a date edit the edit itself, not its drop button).
+  QWidget* WidgetFor(const std::string& name) const;
+  // The widget that is placed and shown (for a date edit or calendar, its box).
+  QWidget* PlacedWidgetFor(const std::string& name) const;
+  // The model shown by `widget` or by the nearest bound widget that contains it.
+  pelkedit::Widget* ModelFor(const QWidget* widget) const;
+
+ signals:
+  // Emitted after each user action has reached the models.
+  void userActionHandled();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  struct Binding {
+    pelkedit::Widget* model = nullptr;
+    QPointer<QWidget> placed;
+    QPointer<QWidget> inner;
+  };
+
+  void CreateWidgets();
+  void PlaceInParents();
+  void ConnectInput(Binding& binding);
+  void ConnectButtonLike(Binding& binding);
+  void ConnectText(Binding& binding);
+  void ConnectDates(Binding& binding);
+  void ApplyAll(Binding& binding);
+  void Apply(Binding& binding, const std::string& property);
+  void ApplyKindSpecific(Binding& binding, const std::string& property);
+  void ApplyGeometry(Binding& binding);
+  void ApplyPicture(Binding& binding);
+  void ApplyDayBounds(Binding& binding);
+  void ApplyDay(Binding& binding);
+  void ApplyList(Binding& binding);
+  void OnFocusChanged(QWidget* now);
+  void SyncFocus();
+  bool MouseEvent(Binding& binding, QEvent* event);
+  void Dispatch(const std::function<void()>& action);
+  void ReportError(const std::exception& error);
+  Binding* Find(const QWidget* widget);
+  const QPixmap& PictureOf(int id);
+
+  pelkedit::WidgetRegistry& registry_;
+  QPointer<QWidget> form_;
+  BinderOptions options_;
+  std::vector<Binding> bindings_;
+  std::map<const pelkedit::Widget*, std::size_t> index_;
+  std::map<int, QPixmap> pictures_;
+  // Set while a model's state is copied into its widget, so the widget's signals are not taken
+  // for the user's input.
+  bool applying_ = false;
+  // Observers outlive the binder on the models; they hold this only weakly.
+  std::shared_ptr<Binder*> self_;
+};
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,232 @@
+// Model -> widget: copies a model's state into its Qt widget.
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextEdit>
+#include <cmath>
+
+#include "binding/binder.h"
+#include "binding/date_widgets.h"
+#include "binding/picture_view.h"
+#include "binding/rich_text.h"
+#include "platform/platform.h"
+
+namespace pelkor::desktop {
+
+using pelkedit::WidgetKind;
+
+namespace {
+
+// Classic mouse pointer codes the editor uses, and the Qt shapes that show them.
+constexpr std::int32_t kPointerDefault = 0;
+constexpr std::int32_t kPointerArrow = 1;
+constexpr std::int32_t kPointerCross = 2;
+constexpr std::int32_t kPointerIBeam = 3;
+constexpr std::int32_t kPointerHourglass = 11;
+constexpr std::int32_t kPointerNoDrop = 12;
+constexpr std::int32_t kPointerArrowHourglass = 13;
+constexpr std::int32_t kPointerCustom = 99;
+
+Qt::CursorShape ShapeOf(std::int32_t pointer) {
+  switch (pointer) {
+    case kPointerCross:
+      return Qt::CrossCursor;
+    case kPointerIBeam:
+      return Qt::IBeamCursor;
+    case kPointerHourglass:
+      return Qt::WaitCursor;
+    case kPointerNoDrop:
+      return Qt::ForbiddenCursor;
+    case kPointerArrowHourglass:
+      return Qt::BusyCursor;
+    case kPointerCustom:  // the editor's own pointer marks clickable captions
+      return Qt::PointingHandCursor;
+    case kPointerArrow:
+    default:
+      return Qt::ArrowCursor;
+  }
+}
+
+// Multi-line models keep CR LF line breaks; Qt's text widgets use LF.
+QString ToWidgetText(const std::string& text) {
+  return QString::fromStdString(text).replace("\r\n", "\n");
+}
+
+int Pixels(float value, bool inPixels) {
+  return static_cast<int>(std::lround(inPixels ? value : value / pelkedit::kTwipsPerPixel));
+}
+
+// UTF-16 offset of a character position (positions in the models count code points).
+int Utf16Offset(const QString& text, int characters) {
+  int offset = 0;
+  for (int i = 0; i < characters && offset < text.size(); ++i) {
+    offset += text.at(offset).isHighSurrogate() ? 2 : 1;
+  }
+  return offset;
+}
+
+}  // namespace
+
+void Binder::ApplyAll(Binding& binding) {
+  const bool wasApplying = applying_;
+  applying_ = true;
+  for (const char* property :
+       {"geometry", "enabled", "tooltip", "pointer", "font", "caption", "text", "list", "value",
+        "bounds", "day", "dateorder", "picture", "locked", "visible"}) {
+    Apply(binding, property);
+  }
+  if (binding.model->Focusable()) binding.inner->setFocusPolicy(Qt::StrongFocus);
+  applying_ = wasApplying;
+}
+
+void Binder::Apply(Binding& binding, const std::string& property) {
+  if (binding.placed.isNull() || binding.inner.isNull()) return;
+  const bool wasApplying = applying_;
+  applying_ = true;
+  pelkedit::Widget& model = *binding.model;
+  if (property == "geometry") {
+    ApplyGeometry(binding);
+  } else if (property == "visible") {
+    binding.placed->setVisible(model.Visible());
+  } else if (property == "enabled") {
+    binding.placed->setEnabled(model.Enabled());
+  } else if (property == "tooltip") {
+    binding.inner->setToolTip(QString::fromStdString(model.Tooltip()));
+  } else if (property == "pointer") {
+    if (model.Pointer() == kPointerDefault) {
+      binding.placed->unsetCursor();
+    } else {
+      binding.placed->setCursor(ShapeOf(model.Pointer()));
+    }
+  } else if (property == "font") {
+    if (!model.FontName().empty()) {
+      QFont font = binding.inner->font();
+      font.setFamily(AvailableFamily(model.FontName()));
+      binding.inner->setFont(font);
+    }
+  } else if (property == "zorder") {
+    binding.placed->raise();
+  } else {
+    ApplyKindSpecific(binding, property);
+  }
+  applying_ = wasApplying;
+}
+
+void Binder::ApplyGeometry(Binding& binding) {
+  const pelkedit::Widget& m = *binding.model;
+  const bool inPixels = m.PositionedInPixels();
+  binding.placed->setGeometry(Pixels(m.Left(), inPixels), Pixels(m.Top(), inPixels),
+                              Pixels(m.Width(), inPixels), Pixels(m.Height(), inPixels));
+}
+
+void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
+  pelkedit::Widget& model = *binding.model;
+  const QString caption = QString::fromStdString(model.Caption());
+  switch (model.Kind()) {
+    case WidgetKind::kLabel:
+      if (property == "caption") static_cast<QLabel*>(binding.inner.data())->setText(caption);
+      break;
+    case WidgetKind::kButton:
+      if (property == "caption") static_cast<QPushButton*>(binding.inner.data())->setText(caption);
+      break;
+    case WidgetKind::kFrame:
+      if (property == "caption") binding.inner->setAccessibleName(caption);
+      break;
+    case WidgetKind::kOption: {
+      auto* option = static_cast<QRadioButton*>(binding.inner.data());
+      if (property == "caption") option->setText(caption);
+      if (property == "value") {
+        option->setChecked(static_cast<pelkedit::OptionButton&>(model).Value());
+      }
+      break;
+    }
+    case WidgetKind::kTextBox: {
+      auto& box = static_cast<pelkedit::TextBox&>(model);
+      const QString text = ToWidgetText(box.Text());
+      if (auto* line = qobject_cast<QLineEdit*>(binding.inner.data())) {
+        if (property == "text" && line->text() != text) line->setText(text);
+        if (property == "locked") line->setReadOnly(box.Locked());
+        if (property == "selection") {
+          const int start = Utf16Offset(text, box.SelStart());
+          line->setSelection(start, Utf16Offset(text, box.SelStart() + box.SelLength()) - start);
+        }
+      } else if (auto* plain = qobject_cast<QPlainTextEdit*>(binding.inner.data())) {
+        if (property == "text" && plain->toPlainText() != text) plain->setPlainText(text);
+        if (property == "locked") plain->setReadOnly(box.Locked());
+      }
+      break;
+    }
+    case WidgetKind::kList:
+      if (property == "list" || property == "listindex") ApplyList(binding);
+      break;
+    case WidgetKind::kPicture:
+      if (property == "picture") ApplyPicture(binding);
+      break;
+    case WidgetKind::kDateEdit:
+    case WidgetKind::kCalendar:
+    case WidgetKind::kDateField:
+      if (property == "bounds" || property == "dateorder") ApplyDayBounds(binding);
+      if (property == "day" || property == "bounds") ApplyDay(binding);
+      break;
+    case WidgetKind::kRichText:
+      if (property == "text" || property == "format" || property == "font") {
+        auto* edit = static_cast<QTextEdit*>(binding.inner.data());
+        RenderRichText(static_cast<pelkedit::RichTextBox&>(model), *edit->document());
+      }
+      break;
+  }
+}
+
+void Binder::ApplyList(Binding& binding) {
+  auto& list = static_cast<pelkedit::ListBox&>(*binding.model);
+  auto* combo = static_cast<QComboBox*>(binding.inner.data());
+  QStringList items;
+  for (std::int32_t i = 0; i < list.ListCount(); ++i) items << QString::fromStdString(list.List(i));
+  QStringList shown;
+  for (int i = 0; i < combo->count(); ++i) shown << combo->itemText(i);
+  if (shown != items) {
+    combo->clear();
+    combo->addItems(items);
+  }
+  combo->setCurrentIndex(list.ListIndex());
+}
+
+void Binder::ApplyPicture(Binding& binding) {
+  const auto& model = static_cast<const pelkedit::PictureBox&>(*binding.model);
+  int id = model.Picture();
+  if (id == 0) {
+    const auto fixed = options_.fixedPictures.find(model.Name());
+    if (fixed != options_.fixedPictures.end()) id = fixed->second;
+  }
+  static_cast<PictureView*>(binding.inner.data())->SetPixmap(id == 0 ? QPixmap() : PictureOf(id));
+}
+
+void Binder::ApplyDayBounds(Binding& binding) {
+  const auto& model = static_cast<const pelkedit::DayValued&>(*binding.model);
+  const QDate first = DateOfDay(ClampToShowable(model.MinDay()));
+  const QDate last = DateOfDay(ClampToShowable(model.MaxDay()));
+  if (auto* edit = qobject_cast<QDateEdit*>(binding.inner.data())) {
+    edit->setDateRange(first, last);
+    const int order = model.Kind() == WidgetKind::kDateEdit
+                          ? static_cast<const pelkedit::DateEdit&>(model).DateOrder()
+                          : DateOrderOf(options_.shortDateFormat);
+    edit->setDisplayFormat(MaskedDateFormat(options_.shortDateFormat, order));
+  } else if (auto* calendar = qobject_cast<QCalendarWidget*>(binding.inner.data())) {
+    calendar->setDateRange(first, last);
+  }
+}
+
+void Binder::ApplyDay(Binding& binding) {
+  const auto& model = static_cast<const pelkedit::DayValued&>(*binding.model);
+  const QDate date = DateOfDay(ClampToShowable(model.Day()));
+  if (auto* edit = qobject_cast<QDateEdit*>(binding.inner.data())) {
+    if (edit->date() != date) edit->setDate(date);
+  } else if (auto* calendar = qobject_cast<QCalendarWidget*>(binding.inner.data())) {
+    calendar->setSelectedDate(date);
+  }
+}
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,98 @@
+#include "binding/date_widgets.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace pelkor::desktop {
+
+namespace {
+const QDate kDayZero(1900, 1, 1);
+// The range Qt's date edits accept.
+const QDate kFirstShowable(100, 1, 1);
+const QDate kLastShowable(9999, 12, 31);
+constexpr int kDropButtonWidth = 18;
+constexpr QChar kDefaultSeparator = '/';
+
+enum DateOrder { kMonthDayYear = 0, kDayMonthYear = 1, kYearMonthDay = 2 };
+}  // namespace
+
+QDate DateOfDay(std::int32_t day) {
+  return kDayZero.addDays(day);
+}
+
+std::int32_t DayOfDate(const QDate& date) {
+  return static_cast<std::int32_t>(kDayZero.daysTo(date));
+}
+
+std::int32_t ClampToShowable(std::int32_t day) {
+  return std::clamp(day, DayOfDate(kFirstShowable), DayOfDate(kLastShowable));
+}
+
+int DateOrderOf(const QString& format) {
+  for (const QChar c : format) {
+    if (c == 'M') return kMonthDayYear;
+    if (c == 'd') return kDayMonthYear;
+    if (c == 'y') return kYearMonthDay;
+  }
+  return kMonthDayYear;
+}
+
+QString MaskedDateFormat(const QString& shortDateFormat, int order) {
+  QChar separator = kDefaultSeparator;
+  for (const QChar c : shortDateFormat) {
+    if (!c.isLetter() && !c.isSpace() && c != '\'') {
+      separator = c;
+      break;
+    }
+  }
+  const QString s(separator);
+  switch (order) {
+    case kDayMonthYear:
+      return "dd" + s + "MM" + s + "yyyy";
+    case kYearMonthDay:
+      return "yyyy" + s + "MM" + s + "dd";
+    default:
+      return "MM" + s + "dd" + s + "yyyy";
+  }
+}
+
+DateEditBox::DateEditBox(const QString& name, QWidget* parent)
+    : QWidget(parent), edit_(new QDateEdit(this)), drop_(new QToolButton(this)) {
+  setObjectName(name + "Box");
+  edit_->setObjectName(name);
+  edit_->setButtonSymbols(QAbstractSpinBox::NoButtons);
+  drop_->setObjectName(name + "Drop");
+  drop_->setArrowType(Qt::DownArrow);
+  drop_->setFocusPolicy(Qt::NoFocus);  // the date keeps the focus while the calendar drops
+  drop_->setFixedWidth(kDropButtonWidth);
+  drop_->setToolTip(tr("Pick a date"));
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(edit_, 1);
+  layout->addWidget(drop_);
+  drop_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  edit_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+CalendarBox::CalendarBox(const QString& name, QWidget* parent)
+    : QFrame(parent), calendar_(new QCalendarWidget(this)), today_(new QPushButton(this)) {
+  setObjectName(name + "Box");
+  setFrameShape(QFrame::StyledPanel);
+  setFrameShadow(QFrame::Raised);
+  setAutoFillBackground(true);
+  calendar_->setObjectName(name);
+  calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar_->setGridVisible(false);
+  today_->setObjectName(name + "Today");
+  today_->setText(tr("Today"));
+  today_->setFocusPolicy(Qt::NoFocus);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(2, 2, 2, 2);
+  layout->setSpacing(2);
+  layout->addWidget(calendar_, 1);
+  layout->addWidget(today_, 0, Qt::AlignRight);
+}
+
+}  // namespace pelkor::desktop

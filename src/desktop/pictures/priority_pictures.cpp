@@ -1,0 +1,73 @@
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStringList>
+
+#include "pictures/drawing.h"
+
+namespace pelkor::desktop::drawing {
+
+namespace {
+constexpr int kSide = 140;
+constexpr qreal kCornerRadius = 10;
+constexpr int kMargin = 12;
+constexpr int kDigitPixelSize = 72;
+constexpr int kPhrasePixelSize = 22;
+constexpr int kPhraseMinPixelSize = 14;
+constexpr int kCaptionPixelSize = 11;
+constexpr int kCaptionHeight = 18;
+
+QString PriorityText(int priority) {
+  static const QStringList texts{"1", "2", "3", "Break Through Needed", "Leave it alone"};
+  if (priority < 1 || priority > texts.size()) return "?";
+  return texts[priority - 1];
+}
+
+// The largest font in which the phrase, wrapped at word boundaries, fits the box.
+QFont FitWrapped(const QString& text, const QRect& box) {
+  QFont font = UiFont(kPhrasePixelSize, true);
+  for (int size = kPhrasePixelSize; size > kPhraseMinPixelSize; --size) {
+    font.setPixelSize(size);
+    const QRect needed =
+        QFontMetrics(font).boundingRect(box, Qt::AlignCenter | Qt::TextWordWrap, text);
+    if (needed.width() <= box.width() && needed.height() <= box.height()) return font;
+  }
+  return font;
+}
+
+}  // namespace
+
+QPixmap DrawPriority(int priority, bool advisor) {
+  QPixmap pixmap(kSide, kSide);
+  pixmap.fill(Qt::transparent);
+  QPainter p(&pixmap);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setRenderHint(QPainter::TextAntialiasing);
+
+  const QColor panel = advisor ? colors::kDarkPanel : colors::kPanel;
+  const QColor border = advisor ? colors::kDarkPanelBorder : colors::kPanelBorder;
+  const QColor ink = advisor ? colors::kLightInk : colors::kInk;
+  const QRectF frame(0.5, 0.5, kSide - 1, kSide - 1);
+  p.setPen(QPen(border, 1));
+  p.setBrush(panel);
+  p.drawRoundedRect(frame, kCornerRadius, kCornerRadius);
+
+  // A small caption names whose view it is; the priority itself fills the rest.
+  p.setFont(UiFont(kCaptionPixelSize));
+  p.setPen(advisor ? colors::kLightInk : colors::kMutedInk);
+  const QRect caption(kMargin, kMargin / 2, kSide - 2 * kMargin, kCaptionHeight);
+  p.drawText(caption, Qt::AlignCenter, advisor ? "Advisor's view" : "Your view");
+  p.setPen(QPen(advisor ? colors::kDarkPanelBorder : colors::kPanelBorder, 1));
+  p.drawLine(QPointF(kMargin, caption.bottom() + 2.5),
+             QPointF(kSide - kMargin, caption.bottom() + 2.5));
+
+  const QString text = PriorityText(priority);
+  const QRect body(kMargin, caption.bottom() + 4, kSide - 2 * kMargin,
+                   kSide - caption.bottom() - 4 - kMargin);
+  const bool isDigit = text.size() == 1;
+  p.setFont(isDigit ? UiFont(kDigitPixelSize, true) : FitWrapped(text, body));
+  p.setPen(ink);
+  p.drawText(body, Qt::AlignCenter | Qt::TextWordWrap, text);
+  return pixmap;
+}
+
+}  // namespace pelkor::desktop::drawing

@@ -1,0 +1,111 @@
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+#include <cmath>
+
+#include "pictures/drawing.h"
+
+namespace pelkor::desktop::drawing {
+
+namespace {
+constexpr int kWidth = 250;
+constexpr int kHeight = 117;
+constexpr int kCycleLeft = 2;     // the cycle runs from here ...
+constexpr int kCycleRight = 246;  // ... to here
+constexpr int kPlotTop = 13;      // the marker bar covers the plot from here
+constexpr int kPlotBottom = 114;
+constexpr int kBaseline = 104;
+constexpr int kCurveTop = 24;
+constexpr int kLabelPixelSize = 9;
+constexpr int kMarkerWidth = 8;
+constexpr int kMarkerHeight = kHeight - 16;
+constexpr int kCurveSteps = 244;
+// Steepness of the s-shaped progress curve.
+constexpr double kSteepness = 9.0;
+
+const QColor kPlotBackground{255, 255, 255};
+const QColor kGridLine{222, 227, 234};
+const QColor kCurveFillTop{100, 135, 220, 90};
+const QColor kCurveFillBottom{100, 135, 220, 15};
+const QColor kCurveLine{52, 84, 160};
+
+const char* const kPhases[] = {"Probe", "Prove", "Close"};
+constexpr int kPhaseCount = 3;
+
+// Progress of the sale over the cycle: slow to start, fast in the middle, levelling at the close.
+double Progress(double t) {
+  const double low = 1.0 / (1.0 + std::exp(kSteepness * 0.5));
+  const double high = 1.0 / (1.0 + std::exp(-kSteepness * 0.5));
+  const double s = 1.0 / (1.0 + std::exp(-kSteepness * (t - 0.5)));
+  return (s - low) / (high - low);
+}
+
+QPointF CurvePoint(double t) {
+  return QPointF(kCycleLeft + t * (kCycleRight - kCycleLeft),
+                 kBaseline - Progress(t) * (kBaseline - kCurveTop));
+}
+
+}  // namespace
+
+QPixmap DrawSalesCycle() {
+  QPixmap pixmap = Blank(kWidth, kHeight, colors::kPanel);
+  QPainter p(&pixmap);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setRenderHint(QPainter::TextAntialiasing);
+
+  p.setPen(QPen(colors::kPanelBorder, 1));
+  p.setBrush(kPlotBackground);
+  p.drawRect(QRectF(0.5, kPlotTop + 0.5, kWidth - 1, kPlotBottom - kPlotTop));
+
+  // Phase bands: a divider and a caption for each third of the cycle.
+  const double phaseWidth = double(kCycleRight - kCycleLeft) / kPhaseCount;
+  p.setFont(UiFont(kLabelPixelSize, true));
+  for (int i = 0; i < kPhaseCount; ++i) {
+    const double left = kCycleLeft + phaseWidth * i;
+    if (i > 0) {
+      p.setPen(QPen(kGridLine, 1, Qt::DashLine));
+      p.drawLine(QPointF(std::round(left) + 0.5, kPlotTop + 1),
+                 QPointF(std::round(left) + 0.5, kBaseline));
+    }
+    p.setPen(colors::kMutedInk);
+    p.drawText(QRectF(left, 0, phaseWidth, kPlotTop), Qt::AlignCenter, kPhases[i]);
+  }
+
+  QPainterPath curve;
+  curve.moveTo(CurvePoint(0));
+  for (int step = 1; step <= kCurveSteps; ++step)
+    curve.lineTo(CurvePoint(double(step) / kCurveSteps));
+  QPainterPath area;
+  area.setFillRule(Qt::WindingFill);
+  area.moveTo(kCycleLeft, kBaseline);
+  for (int step = 0; step <= kCurveSteps; ++step)
+    area.lineTo(CurvePoint(double(step) / kCurveSteps));
+  area.lineTo(kCycleRight, kBaseline);
+  area.closeSubpath();
+  QLinearGradient gradient(0, kCurveTop, 0, kBaseline);
+  gradient.setColorAt(0, kCurveFillTop);
+  gradient.setColorAt(1, kCurveFillBottom);
+  p.fillPath(area, gradient);
+  p.setPen(QPen(kCurveLine, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  p.setBrush(Qt::NoBrush);
+  p.drawPath(curve);
+
+  // Base line with a tick at the start, at each phase boundary and at the end.
+  p.setPen(QPen(colors::kMutedInk, 1));
+  p.drawLine(QPointF(kCycleLeft, kBaseline + 0.5), QPointF(kCycleRight, kBaseline + 0.5));
+  for (int i = 0; i <= kPhaseCount; ++i) {
+    const double x = std::round(kCycleLeft + phaseWidth * i) + 0.5;
+    p.drawLine(QPointF(x, kBaseline), QPointF(x, kBaseline + 4));
+  }
+  return pixmap;
+}
+
+QPixmap DrawCycleMarker() {
+  QPixmap pixmap = Blank(kMarkerWidth, kMarkerHeight, colors::kAccent);
+  QPainter p(&pixmap);
+  // A lighter core gives the bar a little depth without changing its colour.
+  p.fillRect(QRect(2, 0, kMarkerWidth - 4, kMarkerHeight), colors::kAccent.lighter(112));
+  return pixmap;
+}
+
+}  // namespace pelkor::desktop::drawing

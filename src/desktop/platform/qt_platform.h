@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <functional>
+
+#include "binding/binder.h"
+#include "platform/object_factory.h"
+#include "platform/platform.h"
+
+namespace pelkor::desktop {
+
+// The platform of the desktop host: real message boxes, the host window, the screen pointer,
+// the system clock and locale, processes, modal dialogs and collaborator creation.
+class QtPlatform : public pelkedit::IPlatform {
+ public:
+  explicit QtPlatform(const pelkedit::ObjectFactory& factory);
+  ~QtPlatform() override;
+  QtPlatform(const QtPlatform&) = delete;
+  QtPlatform& operator=(const QtPlatform&) = delete;
+
+  // The window that owns message boxes and receives the posted close request.
+  void SetHostWindow(QWidget* window) { host_ = window; }
+  // Fixed pictures of the dialogs' designs, as for the binder.
+  BinderOptions& DialogOptions() { return dialogOptions_; }
+
+  pelkedit::MsgAnswer MsgBox(const std::string& text, pelkedit::MsgIcon icon,
+                             pelkedit::MsgButtons buttons, const std::string& title) override;
+  void PostMessage(std::int32_t hwnd, std::uint32_t message, std::int32_t wparam,
+                   std::int32_t lparam) override;
+  std::int32_t HostWindowHandle() override { return kHostWindowHandle; }
+  pelkedit::MousePointer ScreenPointer() override { return pointer_; }
+  void SetScreenPointer(pelkedit::MousePointer pointer) override;
+  pelkedit::Date Now() override;
+  pelkedit::Date Today() override;
+  std::string ShortDateFormat() override;
+  std::int32_t GetLocaleInfoA(std::int32_t locale, std::int32_t lctype, std::string& buffer,
+                              std::int32_t size) override;
+  void StartProcess(const std::string& commandLine) override;
+  void ShowModal(pelkedit::ModalDialog& dialog) override;
+  pelkedit::ObjectPtr CreateObject(const std::string& progId) override;
+
+  // The handle the editor is given for the host window.
+  static constexpr std::int32_t kHostWindowHandle = 0x484F5354;
+
+ private:
+  const pelkedit::ObjectFactory& factory_;
+  QPointer<QWidget> host_;
+  pelkedit::MousePointer pointer_ = pelkedit::MousePointer::kDefault;
+  bool cursorOverridden_ = false;
+  BinderOptions dialogOptions_;
+};
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,190 @@
+#include <QDir>
+#include <QImage>
+#include <QPainter>
+#include <QtTest>
+
+#include "pictures/pictures.h"
+
+using pelkor::desktop::DrawPicture;
+namespace picture = pelkor::desktop::picture;
+
+namespace {
+
+struct Band {
+  int first;
+  int last;
+};
+
+struct Strip {
+  int firstId;
+  int width;
+  std::vector<Band> bands;
+};
+
+const std::vector<Strip>& Strips() {
+  static const std::vector<Strip> strips{
+      {picture::kExpertStripFirst, 405, {{0, 81}, {82, 162}, {163, 263}, {264, 347}, {348, 404}}},
+      {picture::kNormalStripFirst, 305, {{0, 82}, {83, 163}, {164, 247}, {248, 304}}},
+      {picture::kSubStripFirst, 128, {{0, 43}, {44, 88}, {89, 127}}}};
+  return strips;
+}
+
+// Rows of a strip above the idle tabs: only the raised tab reaches them.
+constexpr int kRaisedRow = 1;
+// A row where every tab shows its side edges.
+constexpr int kEdgeRow = 12;
+constexpr int kCornerAllowance = 5;
+
+int Lightness(const QImage& image, int x, int y) {
+  return image.pixelColor(x, y).lightness();
+}
+
+// Pictures side by side (`perRow` to a row), enlarged so that pixels can be judged by eye.
+QImage Sheet(const std::vector<int>& ids, int perRow) {
+  constexpr int kGap = 6;
+  constexpr int kZoom = 2;
+  int width = 0, height = 0, rowWidth = 0, rowHeight = 0, inRow = 0;
+  for (int id : ids) {
+    const QSize size = DrawPicture(id).size();
+    rowWidth += size.width() + kGap;
+    rowHeight = std::max(rowHeight, size.height() + kGap);
+    if (++inRow == perRow) {
+      width = std::max(width, rowWidth);
+      height += rowHeight;
+      rowWidth = rowHeight = inRow = 0;
+    }
+  }
+  width = std::max(width, rowWidth);
+  height += rowHeight;
+  QImage sheet(width, height, QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  int x = 0, y = 0;
+  rowHeight = inRow = 0;
+  for (int id : ids) {
+    const QPixmap pixmap = DrawPicture(id);
+    painter.drawPixmap(x, y, pixmap);
+    x += pixmap.width() + kGap;
+    rowHeight = std::max(rowHeight, pixmap.height() + kGap);
+    if (++inRow == perRow) {
+      x = inRow = 0;
+      y += rowHeight;
+      rowHeight = 0;
+    }
+  }
+  painter.end();
+  return sheet.scaled(sheet.size() * kZoom, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+}
+
+}  // namespace
+
+class PicturesTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void sizesFollowTheFormLayout() {
+    const std::vector<std::pair<int, QSize>> expected{{101, {405, 21}},
+                                                      {105, {405, 21}},
+                                                      {106, {305, 21}},
+                                                      {109, {305, 21}},
+                                                      {110, {128, 21}},
+                                                      {112, {128, 21}},
+                                                      {113, {140, 140}},
+                                                      {122, {140, 140}},
+                                                      {picture::kMatrix, {139, 139}},
+                                                      {picture::kUserSquare, {36, 36}},
+                                                      {picture::kAdvisorSquare, {36, 36}},
+                                                      {picture::kCommonSquare, {36, 36}},
+                                                      {picture::kSalesCycle, {250, 117}},
+                                                      {picture::kCycleMarker, {8, 101}}};
+    for (const auto& [id, size] : expected) QCOMPARE(DrawPicture(id).size(), size);
+    QVERIFY(DrawPicture(0).isNull());
+    QVERIFY(DrawPicture(123).isNull());
+  }
+
+  // The strip is clicked by fixed bands, so each drawn tab must occupy exactly its band.
+  void drawnTabsFallOnTheHitBands() {
+    for (const Strip& strip : Strips()) {
+      for (std::size_t selected = 0; selected < strip.bands.size(); ++selected) {
+        const QImage image = DrawPicture(strip.firstId + static_cast<int>(selected)).toImage();
+        QCOMPARE(image.width(), strip.width);
+        const Band band = strip.bands[selected];
+        const QColor background = image.pixelColor(0, 0);
+        for (int x = 0; x < strip.width; ++x) {
+          const bool inside = x >= band.first && x <= band.last;
+          const bool clearOfCorners =
+              x >= band.first + kCornerAllowance && x <= band.last - kCornerAllowance;
+          const bool raised = image.pixelColor(x, kRaisedRow) != background;
+          if (!inside)
+            QVERIFY2(!raised,
+                     qPrintable(QString("x=%1 id=%2").arg(x).arg(strip.firstId + int(selected))));
+          if (clearOfCorners) QVERIFY2(raised, qPrintable(QString("x=%1").arg(x)));
+        }
+        // Every tab, raised or not, shows its side edges on its band's first and last column.
+        for (const Band& b : strip.bands) {
+          QVERIFY(Lightness(image, b.first, kEdgeRow) < Lightness(image, b.first + 2, kEdgeRow));
+          QVERIFY(Lightness(image, b.last, kEdgeRow) < Lightness(image, b.last - 2, kEdgeRow));
+        }
+      }
+    }
+  }
+
+  void markerSquaresHaveTheirColours() {
+    const QImage user = DrawPicture(picture::kUserSquare).toImage();
+    const QImage advisor = DrawPicture(picture::kAdvisorSquare).toImage();
+    const QImage common = DrawPicture(picture::kCommonSquare).toImage();
+    QCOMPARE(user.pixelColor(5, 5), QColor(128, 128, 128));
+    QCOMPARE(user.pixelColor(18, 18), QColor(128, 128, 128));  // plain: no letter
+    QCOMPARE(advisor.pixelColor(5, 5), QColor(241, 241, 241));
+    QCOMPARE(common.pixelColor(5, 5), QColor(128, 128, 128));
+    // The letter darkens the middle of the lettered squares.
+    auto darkPixels = [](const QImage& image) {
+      int count = 0;
+      for (int y = 8; y < 28; ++y)
+        for (int x = 8; x < 28; ++x) count += image.pixelColor(x, y).lightness() < 40 ? 1 : 0;
+      return count;
+    };
+    QVERIFY(darkPixels(advisor) > 20);
+    QVERIFY(darkPixels(common) > 20);
+    QCOMPARE(darkPixels(user), 0);
+  }
+
+  void cycleMarkerIsTheBlueBar() {
+    const QImage bar = DrawPicture(picture::kCycleMarker).toImage();
+    QCOMPARE(bar.pixelColor(0, 50), QColor(100, 135, 220));
+    QCOMPARE(bar.pixelColor(7, 0), QColor(100, 135, 220));
+  }
+
+  // The advisor's pictures are the dark variant of the user's.
+  void advisorPrioritiesAreDarkerThanTheUsers() {
+    for (int priority = 0; priority < 5; ++priority) {
+      const QImage user = DrawPicture(picture::kUserPriorityFirst + priority).toImage();
+      const QImage advisor = DrawPicture(picture::kAdvisorPriorityFirst + priority).toImage();
+      QVERIFY(user.pixelColor(10, 70).lightness() > 200);
+      QVERIFY(advisor.pixelColor(10, 70).lightness() < 100);
+    }
+  }
+
+  // Not a check: writes every picture for a person to look at.
+  void writesScreenshots() {
+    const QString folder = QDir::temp().filePath("pelk_pictures");
+    QVERIFY(QDir().mkpath(folder));
+    for (int id = picture::kExpertStripFirst; id <= picture::kAdvisorPriorityLast; ++id) {
+      QVERIFY(DrawPicture(id).save(folder + QString("/%1.png").arg(id)));
+    }
+    for (int id = picture::kMatrix; id <= picture::kCycleMarker; ++id) {
+      QVERIFY(DrawPicture(id).save(folder + QString("/%1.png").arg(id)));
+    }
+    QVERIFY(Sheet({101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111, 112}, 1)
+                .save(folder + "/sheet_strips.png"));
+    QVERIFY(Sheet({113, 114, 115, 116, 117, 118, 119, 120, 121, 122}, 5)
+                .save(folder + "/sheet_priorities.png"));
+    QVERIFY(Sheet({picture::kMatrix, picture::kSalesCycle, picture::kUserSquare,
+                   picture::kAdvisorSquare, picture::kCommonSquare, picture::kCycleMarker},
+                  6)
+                .save(folder + "/sheet_matrix_graph.png"));
+  }
+};
+
+QTEST_MAIN(PicturesTest)
+#include "pictures_test.moc"
