@@ -124,7 +124,7 @@ Observed Session::EvaluateDb(const std::string& rest) {
   const auto table = pelkor::TableForProcedure(ProcedureForView(view));
   std::optional<pelkedit::Blob> stored;
   try {
-    stored = world_.db->Find(table, id);
+    stored = world_.Db()->Find(table, id);
   } catch (const pelkedit::PelkError& error) {
     throw ScriptError("cannot read the database: " + error.Description());
   }

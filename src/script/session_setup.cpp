@@ -147,7 +147,7 @@ void Session::Ibo(const Words& w) {
   if (!numberGiven) set({"IboNumber", -1, id});
   for (const auto& a : assignments) set(a);
   try {
-    pelkor::CreateDataAccess(world_.db)->WriteIbo(record->GetIboData(), proc);
+    pelkor::CreateDataAccess(world_.Db())->WriteIbo(record->GetIboData(), proc);
   } catch (const pelkedit::PelkError& error) {
     throw ScriptError("ibo " + std::to_string(id) + " cannot be stored: " + error.Description());
   }

@@ -41,7 +41,7 @@ World::World(const WorldOptions& options) : tempDir_(MakeTempDir()) {
   // Each world starts a library of its own on this thread.
   pelkedit::UnloadLibrary();
   pelkedit::Err().Clear();
-  db = pelkor::IboDatabase::Open(options.dbPath.empty() ? ":memory:" : options.dbPath);
+  dbSource_ = pelkor::OpenOnFirstUse(options.dbPath.empty() ? ":memory:" : options.dbPath);
   RegisterComponents(options.traceLogPath.empty() ? (tempDir_ / kTraceLogName).string()
                                                   : options.traceLogPath);
 }
@@ -61,7 +61,7 @@ void World::RegisterComponents(const std::string& traceLogPath) {
     return std::make_shared<RecordingTrace>(rec, pelkor::CreateTraceLog(platform, traceLogPath));
   });
   factory.Register(pelkedit::kDataProgId, [this, rec] {
-    return std::make_shared<RecordingData>(rec, pelkor::CreateDataAccess(db));
+    return std::make_shared<RecordingData>(rec, pelkor::CreateDataAccess(dbSource_));
   });
   factory.Register(pelkedit::kRecordProgId, [rec] {
     return std::make_shared<RecordingRecord>(rec, pelkor::CreateIboProperties());

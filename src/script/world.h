@@ -50,13 +50,16 @@ class World {
   pelkedit::ObjectFactory factory;
   ScriptedPlatform platform{log, faults, factory};
   EventRecorder events{log};
-  std::shared_ptr<pelkor::IboDatabase> db;
+  // The database, opened at first use: a file that cannot be opened fails the command or the
+  // editor's call that needs it.
+  std::shared_ptr<pelkor::IboDatabase> Db() { return dbSource_(); }
   std::shared_ptr<pelkor::ScriptedResults> results = std::make_shared<pelkor::ScriptedResults>();
   std::unique_ptr<pelkedit::PelkIboEdit> component;
 
  private:
   void RegisterComponents(const std::string& traceLogPath);
   std::filesystem::path tempDir_;
+  pelkor::DatabaseSource dbSource_;
 };
 
 // A fresh, empty folder under the system's temporary directory.

@@ -7,18 +7,18 @@ namespace {
 // "PelkData.Ibo": the retrieval procedure name picks the table, the database does the rest.
 class IboDataAccess final : public pelkedit::IDataAccess {
  public:
-  explicit IboDataAccess(std::shared_ptr<IboDatabase> db) : db_(std::move(db)) {}
+  explicit IboDataAccess(DatabaseSource source) : source_(std::move(source)) {}
 
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override {
-    return db_->Read(TableForProcedure(procName), iboId);
+    return source_()->Read(TableForProcedure(procName), iboId);
   }
 
   void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override {
-    db_->Write(TableForProcedure(procName), data);
+    source_()->Write(TableForProcedure(procName), data);
   }
 
  private:
-  std::shared_ptr<IboDatabase> db_;
+  DatabaseSource source_;
 };
 
 }  // namespace
@@ -27,7 +27,19 @@ std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(std::shared_ptr<IboDatab
   if (!db) {
     data_detail::RaiseDataError("No IBO database is open.");
   }
-  return std::make_shared<IboDataAccess>(std::move(db));
+  return std::make_shared<IboDataAccess>([db] { return db; });
+}
+
+DatabaseSource OpenOnFirstUse(std::string path) {
+  auto opened = std::make_shared<std::shared_ptr<IboDatabase>>();
+  return [opened, path = std::move(path)] {
+    if (!*opened) *opened = IboDatabase::Open(path);
+    return *opened;
+  };
+}
+
+std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(DatabaseSource source) {
+  return std::make_shared<IboDataAccess>(std::move(source));
 }
 
 void RegisterDataComponent(pelkedit::ObjectFactory& factory, std::shared_ptr<IboDatabase> db) {

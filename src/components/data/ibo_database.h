@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -83,6 +84,12 @@ class IboDatabase {
 };
 
 // The data-access object ("PelkData.Ibo") over a database.
+// Where a data-access object finds its database; it may open it at first use, so that a
+// database that cannot be opened fails the editor's read or write, not its creation.
+using DatabaseSource = std::function<std::shared_ptr<IboDatabase>()>;
+// Opens the database at `path` at the first call and keeps it; a failed open is tried again.
+DatabaseSource OpenOnFirstUse(std::string path);
+std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(DatabaseSource source);
 std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(std::shared_ptr<IboDatabase> db);
 
 // Registers the data-access object under its programmatic identifier; every object created
