@@ -18,5 +18,5 @@ if [ -x "${bin}/src/desktop/pelkor-edit" ]; then
   echo "No display: screenshots of every tab are in ${shots}"
   exit 0
 fi
-[ -f "${db}" ] || "${bin}/src/components/data/pelkor-db" seed "${db}"
+[ -f "${db}" ] || "${bin}/src/components/data/tool/pelkor-db" seed "${db}"
 exec "${bin}/src/script/pelkedit-script" --db "${db}" examples/demo.pelk
