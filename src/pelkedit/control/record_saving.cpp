@@ -1,5 +1,7 @@
 #include "control/record_saving.h"
 
+#include <cmath>
+
 #include "control/editor_context.h"
 #include "control/navigation.h"
 #include "tabs/essentials/essentials_tab.h"
@@ -68,7 +70,8 @@ bool RecordSaving::CheckRecordSize() {
       std::dynamic_pointer_cast<ISizeHelper>(ctx_.platform.CreateObject(kSizeHelperProgId));
   if (!helper) Raise(errnum::kTypeMismatch, kSizeHelperProgId);
   const Variant size = helper->GetPhysicalSize(ctx_.Rec().GetIboData());
-  const auto bytes = static_cast<std::int64_t>(size.AsDouble());
+  // Converted to a whole byte count as a Long conversion does: nearest, halves to even.
+  const auto bytes = static_cast<std::int64_t>(std::nearbyint(size.AsDouble()));
   return bytes <= kPalmRecordLimit;
 }
 

@@ -6,7 +6,7 @@ namespace pelkedit {
 namespace {
 
 // Days from 1970-01-01 to a civil date and back (Howard Hinnant's algorithms).
-std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
+constexpr std::int64_t DaysFromCivil(std::int64_t y, unsigned m, unsigned d) {
   y -= m <= 2;
   const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
   const auto yoe = static_cast<unsigned>(y - era * 400);
@@ -34,7 +34,8 @@ Civil CivilFromDays(std::int64_t z) {
   return {y + (m <= 2), m, d};
 }
 
-const std::int64_t kEpochDaysFrom1970 = DaysFromCivil(1900, 1, 1);
+// Constant-initialised, so that dates built during other files' static initialisation are right.
+constexpr std::int64_t kEpochDaysFrom1970 = DaysFromCivil(1900, 1, 1);
 
 std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
   const std::int64_t q = a / b;

@@ -175,10 +175,13 @@ void RichTextBox::ApplyToParagraphs(Apply apply) {
   std::int32_t from = 0;
   std::int32_t to = Length();
   for (std::size_t p = 0; p < starts.size(); ++p) {
+    const bool last = p + 1 == starts.size();
     const std::int32_t pStart = starts[p];
-    const std::int32_t pEnd = p + 1 < starts.size() ? starts[p + 1] : Length();
-    if (selStart_ >= pStart && selStart_ < std::max(pEnd, pStart + 1)) from = pStart;
-    if (selEnd >= pStart && selEnd < std::max(pEnd, pStart + 1)) to = pEnd;
+    const std::int32_t pEnd = last ? Length() : starts[p + 1];
+    // The insertion point at the very end of the text belongs to the last paragraph.
+    const std::int32_t pLimit = last ? Length() + 1 : pEnd;
+    if (selStart_ >= pStart && selStart_ < pLimit) from = pStart;
+    if (selEnd >= pStart && selEnd < pLimit) to = pEnd;
   }
   for (std::int32_t i = from; i < to; ++i) apply(formats_[static_cast<std::size_t>(i)]);
   Changed("format");
