@@ -80,5 +80,67 @@ TEST_F(NavigationTest, LeavingEssentialsCollectsNothingAndPressingTheCurrentTabS
   EXPECT_FALSE(edit->IboChanged());
 }
 
+// Records when the editor fills and collects it, in the trace's order of events.
+class JournalPage : public TabPage {
+ public:
+  JournalPage(std::string name, FakeTrace& trace) : name_(std::move(name)), trace_(trace) {}
+  void Init() override { trace_.EnterProc("page " + name_ + " Init"); }
+  void Save() override { trace_.EnterProc("page " + name_ + " Save"); }
+  void Refresh() override { trace_.EnterProc("page " + name_ + " Refresh"); }
+
+ private:
+  std::string name_;
+  FakeTrace& trace_;
+};
+
+TEST_F(NavigationTest, LeavingATabCollectsItBeforeTheNextTabIsPrepared) {
+  Create();
+  for (auto [id, name] : {std::pair{TabPageId::kProbe, "Probe"},
+                          {TabPageId::kClose, "Close"},
+                          {TabPageId::kInfo, "Info"},
+                          {TabPageId::kNote, "Note"}}) {
+    edit->InstallPage(id, std::make_unique<JournalPage>(name, *world.trace));
+  }
+  world.record->props["ExpertMode"] = true;
+  Load();
+  const auto order = [&](const std::string& first, const std::string& second) {
+    const auto& calls = world.trace->calls;
+    const auto find = [&](const std::string& what) {
+      return std::find_if(calls.begin(), calls.end(),
+                          [&](const auto& call) { return call.proc == what; });
+    };
+    const auto a = find(first);
+    const auto b = find(second);
+    return a != calls.end() && b != calls.end() && a < b;
+  };
+
+  PressMainTab(390);  // IBO Note
+  Forget();
+  PressMainTab(10);
+  EXPECT_TRUE(order("page Note Save", Proc("InitEssentialsTab")));
+
+  PressMainTab(300);  // IBO Info
+  Forget();
+  PressMainTab(100);
+  EXPECT_TRUE(order("page Info Save", Proc("InitSalesAdvisorTab")));
+
+  // The Sales Environment collects the phase shown: Probe, nothing for Prove, Close.
+  PressMainTab(200);
+  Forget();
+  PressMainTab(10);
+  EXPECT_TRUE(order("page Probe Save", Proc("InitEssentialsTab")));
+  PressMainTab(200);
+  Widget<PictureBox>("picSEnvTab").UserMouseDown(1, 0, 110, 5);  // Close
+  Forget();
+  PressMainTab(100);
+  EXPECT_TRUE(order("page Close Save", Proc("InitSalesAdvisorTab")));
+  PressMainTab(200);
+  Widget<PictureBox>("picSEnvTab").UserMouseDown(1, 0, 60, 5);  // Prove
+  Forget();
+  PressMainTab(10);
+  EXPECT_TRUE(std::none_of(world.trace->calls.begin(), world.trace->calls.end(),
+                           [](const auto& call) { return call.proc.rfind("page", 0) == 0; }));
+}
+
 }  // namespace
 }  // namespace pelkedit::testing

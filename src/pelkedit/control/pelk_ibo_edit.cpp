@@ -158,6 +158,10 @@ std::shared_ptr<IAdvisor> PelkIboEdit::Advisor() const {
   return ctx_->advisor;
 }
 
+void PelkIboEdit::InstallPage(TabPageId id, std::unique_ptr<TabPage> page) {
+  ctx_->pages[static_cast<std::size_t>(id)] = std::move(page);
+}
+
 std::optional<Variant> PelkIboEdit::StateByName(const std::string& name) const {
   const EditorState& s = ctx_->state;
   const std::map<std::string, Variant> fields = {
