@@ -107,13 +107,19 @@ void EssentialsTab::UpdateUserAnswer(const char* procedure, const char* fact, st
   });
 }
 
-void EssentialsTab::CopyBackAfterDateChange() {
+// A new WWIH date goes to the advisor first, then to the record with the advisor's results.
+void EssentialsTab::ApplyWwihDate(const Date& newDate) {
   IAdvisor& advisor = ctx_.Adv();
   IRecord& rec = ctx_.Rec();
+  advisor.Set("WwihDate", newDate);
+  advisor.Evaluate();
+  rec.Set("WwihDate", newDate);
   for (const char* result :
        {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult", "UserPriority"}) {
     rec.Set(result, advisor.Get(result));
   }
+  ctx_.MarkIboAsDirty();
+  ctx_.matrix->RefreshPriorityInfo(false);
 }
 
 // The typed date is committed when the field loses the focus and when the tab is collected.
@@ -131,13 +137,7 @@ void EssentialsTab::CommitTypedDate() {
     return;
   }
   if (newDate == rec.Get("WwihDate").AsDate()) return;
-  IAdvisor& advisor = ctx_.Adv();
-  advisor.Set("WwihDate", newDate);
-  advisor.Evaluate();
-  rec.Set("WwihDate", newDate);
-  CopyBackAfterDateChange();
-  ctx_.MarkIboAsDirty();
-  ctx_.matrix->RefreshPriorityInfo(false);
+  ApplyWwihDate(newDate);
 }
 
 void EssentialsTab::InvalidWwihDate() {
@@ -168,13 +168,7 @@ void EssentialsTab::DtWwihDateClick(int day, int month, int year) {
       return;
     }
     ctx_.Get<DateEdit>("deWwih").SetDay(dayNumber);
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set("WwihDate", newDate);
-    advisor.Evaluate();
-    rec.Set("WwihDate", newDate);
-    CopyBackAfterDateChange();
-    ctx_.MarkIboAsDirty();
-    ctx_.matrix->RefreshPriorityInfo(false);
+    ApplyWwihDate(newDate);
   });
 }
 

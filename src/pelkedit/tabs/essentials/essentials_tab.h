@@ -26,7 +26,7 @@ class EssentialsTab {
   void SelectOption(const char* procedure, const std::string& prefix, std::int32_t code);
   void DeWwihLostFocus();
   void CommitTypedDate();
-  void CopyBackAfterDateChange();
+  void ApplyWwihDate(const Date& newDate);
   void InvalidWwihDate();
   void DeWwihClickDrop();
   void DtWwihDateClick(int day, int month, int year);
