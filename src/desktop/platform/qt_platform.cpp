@@ -84,6 +84,8 @@ QtPlatform::~QtPlatform() {
 
 MsgAnswer QtPlatform::MsgBox(const std::string& text, MsgIcon icon, MsgButtons buttons,
                              const std::string& title) {
+  ++messagesShown_;
+  if (messageHook_) return messageHook_({text, icon, buttons, title});
   QMessageBox box(IconOf(icon), QString::fromStdString(title), QString::fromStdString(text),
                   QMessageBox::NoButton, host_);
   const ButtonSet set = ButtonsOf(buttons);
@@ -104,6 +106,10 @@ MsgAnswer QtPlatform::MsgBox(const std::string& text, MsgIcon icon, MsgButtons b
 void QtPlatform::PostMessage(std::int32_t hwnd, std::uint32_t message, std::int32_t, std::int32_t) {
   if (hwnd != kHostWindowHandle || message != pelkedit::kWmClose || host_.isNull()) return;
   // Queued: the window closes after the handler that asked for it has returned.
+  if (closeRequestHandler_) {
+    QMetaObject::invokeMethod(host_, closeRequestHandler_, Qt::QueuedConnection);
+    return;
+  }
   QMetaObject::invokeMethod(host_, "close", Qt::QueuedConnection);
 }
 

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <string>
+#include <utility>
 
 #include "binding/binder.h"
 #include "platform/object_factory.h"
@@ -24,6 +26,23 @@ class QtPlatform : public pelkedit::IPlatform {
   void SetHostWindow(QWidget* window) { host_ = window; }
   // Fixed pictures of the dialogs' designs, as for the binder.
   BinderOptions& DialogOptions() { return dialogOptions_; }
+
+  // A message box as asked for; a hook answers it instead of a window (tests, scripted runs).
+  struct Message {
+    std::string text;
+    pelkedit::MsgIcon icon;
+    pelkedit::MsgButtons buttons;
+    std::string title;
+  };
+  using MessageHook = std::function<pelkedit::MsgAnswer(const Message&)>;
+  void SetMessageHook(MessageHook hook) { messageHook_ = std::move(hook); }
+  // Called, after the handler that posted it has returned, instead of closing the host window
+  // directly, so the host knows the close was the component's own request.
+  void SetCloseRequestHandler(std::function<void()> handler) {
+    closeRequestHandler_ = std::move(handler);
+  }
+  // How many message boxes have been asked for so far.
+  int MessagesShown() const { return messagesShown_; }
 
   pelkedit::MsgAnswer MsgBox(const std::string& text, pelkedit::MsgIcon icon,
                              pelkedit::MsgButtons buttons, const std::string& title) override;
@@ -50,6 +69,9 @@ class QtPlatform : public pelkedit::IPlatform {
   pelkedit::MousePointer pointer_ = pelkedit::MousePointer::kDefault;
   bool cursorOverridden_ = false;
   BinderOptions dialogOptions_;
+  MessageHook messageHook_;
+  std::function<void()> closeRequestHandler_;
+  int messagesShown_ = 0;
 };
 
 }  // namespace pelkor::desktop

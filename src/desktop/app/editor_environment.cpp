@@ -1,0 +1,86 @@
+#include "app/editor_environment.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include "record/ibo_properties.h"
+#include "trace/err_object.h"
+#include "trace/mod_init.h"
+#include "trace/trace_log.h"
+
+namespace pelkor::desktop {
+namespace {
+
+constexpr const char* kDatabaseFileName = "demo.pelkdb";
+constexpr const char* kTraceLogFileName = "pelkedit.log";
+
+// Counts the records written, so the host can tell whether closing saved the edits.
+class CountingDataAccess : public pelkedit::IDataAccess {
+ public:
+  CountingDataAccess(std::shared_ptr<pelkedit::IDataAccess> inner, std::shared_ptr<int> writes)
+      : inner_(std::move(inner)), writes_(std::move(writes)) {}
+  pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override {
+    return inner_->ReadIbo(iboId, procName);
+  }
+  void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override {
+    inner_->WriteIbo(data, procName);
+    ++*writes_;
+  }
+
+ private:
+  std::shared_ptr<pelkedit::IDataAccess> inner_;
+  std::shared_ptr<int> writes_;
+};
+
+std::string InFolder(QStandardPaths::StandardLocation location, const char* fileName) {
+  const QString folder = QStandardPaths::writableLocation(location);
+  QDir().mkpath(folder);
+  return QDir(folder).filePath(fileName).toStdString();
+}
+
+}  // namespace
+
+EditorEnvironment::EditorEnvironment(const EnvironmentOptions& options)
+    : dbSource_(OpenOnFirstUse(options.dbPath)) {
+  QDir().mkpath(QFileInfo(QString::fromStdString(options.traceLogPath)).absolutePath());
+  // The library belongs to this environment on this thread.
+  pelkedit::UnloadLibrary();
+  pelkedit::Err().Clear();
+  RegisterComponents(options.traceLogPath);
+  pelkedit::Main(platform_);
+}
+
+EditorEnvironment::~EditorEnvironment() {
+  pelkedit::UnloadLibrary();
+  pelkedit::Err().Clear();
+}
+
+void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
+  RegisterTraceComponent(factory_, platform_, traceLogPath);
+  factory_.Register(pelkedit::kDataProgId, [this] {
+    return std::make_shared<CountingDataAccess>(CreateDataAccess(dbSource_), writes_);
+  });
+  RegisterRecordComponents(factory_);
+  RegisterScriptedAdvisor(factory_, results_);
+}
+
+std::string DefaultDatabasePath() {
+  return InFolder(QStandardPaths::AppDataLocation, kDatabaseFileName);
+}
+
+std::string DefaultTraceLogPath() {
+  // The XDG state folder: logs are kept, but are not data the user would back up.
+  QString stateHome = qEnvironmentVariable("XDG_STATE_HOME");
+  if (stateHome.isEmpty()) {
+    const QString home = QStandardPaths::writableLocation(QStandardPaths::HomeLocation);
+    if (home.isEmpty()) return InFolder(QStandardPaths::AppLocalDataLocation, kTraceLogFileName);
+    stateHome = QDir(home).filePath(".local/state");
+  }
+  const QString folder = QDir(stateHome).filePath(QCoreApplication::applicationName());
+  QDir().mkpath(folder);
+  return QDir(folder).filePath(kTraceLogFileName).toStdString();
+}
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "advisor/scripted_engine.h"
+#include "data/ibo_database.h"
+#include "platform/object_factory.h"
+#include "platform/qt_platform.h"
+
+namespace pelkor::desktop {
+
+// Where the host keeps its files.
+struct EnvironmentOptions {
+  std::string dbPath;
+  std::string traceLogPath;
+};
+
+// Everything the editor component needs on the desktop: the collaborators registered in the
+// factory the Qt platform creates through, the database they share, and the library started
+// on this thread. One environment per thread at a time.
+class EditorEnvironment {
+ public:
+  explicit EditorEnvironment(const EnvironmentOptions& options);
+  ~EditorEnvironment();
+  EditorEnvironment(const EditorEnvironment&) = delete;
+  EditorEnvironment& operator=(const EditorEnvironment&) = delete;
+
+  QtPlatform& Platform() { return platform_; }
+  // The database, opened at the first call; a file that cannot be opened is a PelkError.
+  std::shared_ptr<IboDatabase> Db() { return dbSource_(); }
+  // Records the editor has written through its data objects so far.
+  int WritesDone() const { return *writes_; }
+
+ private:
+  void RegisterComponents(const std::string& traceLogPath);
+
+  pelkedit::ObjectFactory factory_;
+  QtPlatform platform_{factory_};
+  DatabaseSource dbSource_;
+  std::shared_ptr<ScriptedResults> results_ = std::make_shared<ScriptedResults>();
+  std::shared_ptr<int> writes_ = std::make_shared<int>(0);
+};
+
+// The demo database in the user's data folder, and the trace log in the user's state folder.
+std::string DefaultDatabasePath();
+std::string DefaultTraceLogPath();
+
+}  // namespace pelkor::desktop

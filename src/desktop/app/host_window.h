@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QPointer>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/editor_environment.h"
+#include "binding/binder.h"
+#include "control/editor_events.h"
+#include "control/pelk_ibo_edit.h"
+
+class QAction;
+class QMenu;
+
+namespace pelkor::desktop {
+
+// The main window of pelkor-edit: one editor component at a time, drawn by the binder on a
+// form of the component's size, with the host's own menu, title and status bar.
+class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
+  Q_OBJECT
+ public:
+  explicit HostWindow(EditorEnvironment& environment, QWidget* parent = nullptr);
+  ~HostWindow() override;
+
+  // Shows the IBO in a fresh component. When it cannot be loaded the user is told and the IBO
+  // shown so far stays; returns whether the new one is shown.
+  bool OpenIbo(std::int32_t iboId, std::int32_t view);
+
+  pelkedit::PelkIboEdit* Component() { return component_.get(); }
+  Binder* Binding() { return binder_; }
+  QWidget* Form() { return form_; }
+  QString StatusText() const;
+  QString ModeText() const;
+
+  // The host's menu commands.
+  void ChooseIbo();
+  void ChangeStartDate();
+  void ChangeStatus(std::int32_t status);
+  void UpgradeToExpert();
+
+  void SetFormCaption(const std::string& caption) override;
+  void SetIBOStatus(std::int32_t status) override;
+  void SetExpertMode(bool expert) override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenus();
+  void UpdateActions();
+  // Lets the component close its IBO; true when nothing the user wants kept is left unsaved.
+  bool ReleaseCurrent();
+  // Runs a call into the component; a failure is shown to the user. Returns whether it ran.
+  bool HostCall(const std::function<void()>& call);
+  void OnCloseRequested();
+
+  EditorEnvironment& environment_;
+  std::unique_ptr<pelkedit::PelkIboEdit> component_;
+  QPointer<QWidget> form_;
+  QPointer<Binder> binder_;
+  QLabel* statusLabel_;
+  QLabel* modeLabel_;
+  QMenu* iboMenu_ = nullptr;
+  QAction* upgradeAction_ = nullptr;
+  bool expert_ = false;
+  // Set while the component's own close request (after Save or Cancel) is being handled.
+  bool closeRequested_ = false;
+};
+
+// The text of an error for a message box: number, source and description.
+QString ErrorText(const std::exception& error);
+// A status code's name (Open, Won, Lost, Cancelled).
+QString StatusName(std::int32_t status);
+
+}  // namespace pelkor::desktop

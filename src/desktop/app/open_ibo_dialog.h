@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QDialog>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "data/ibo_database.h"
+
+class QTableWidget;
+
+namespace pelkor::desktop {
+
+// The editor's view codes for the two tables.
+inline constexpr std::int32_t kMainView = 0;
+inline constexpr std::int32_t kArchiveView = 3;
+
+// Lists the database's IBOs (id, number, company, status, mode) for the user to pick one.
+class OpenIboDialog : public QDialog {
+  Q_OBJECT
+ public:
+  OpenIboDialog(std::vector<IboSummary> ibos, QWidget* parent = nullptr);
+  // The IBO picked, once the dialog was accepted with a row selected.
+  std::optional<IboSummary> Chosen() const;
+  QTableWidget* Table() const { return table_; }
+
+ private:
+  std::vector<IboSummary> ibos_;
+  QTableWidget* table_;
+};
+
+}  // namespace pelkor::desktop

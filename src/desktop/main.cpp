@@ -1,0 +1,103 @@
+// pelkor-edit: the desktop editor for one IBO of a Pelkor database.
+#include <CLI/CLI.hpp>
+#include <QApplication>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QTextStream>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+#include <string>
+
+#include "app/editor_environment.h"
+#include "app/host_window.h"
+#include "app/open_ibo_dialog.h"
+#include "app/screenshots.h"
+#include "data/demo_seed.h"
+
+namespace {
+
+using pelkor::desktop::EditorEnvironment;
+using pelkor::desktop::HostWindow;
+
+constexpr const char* kScreenshotsOption = "--screenshots";
+
+struct Options {
+  std::string db;
+  std::optional<std::int32_t> ibo;
+  std::int32_t view = pelkor::desktop::kMainView;
+  std::string screenshots;
+};
+
+// Screenshots need no display: without a platform chosen they are drawn offscreen.
+void PreferOffscreenForScreenshots(int argc, char** argv) {
+  if (std::getenv("QT_QPA_PLATFORM") != nullptr) return;
+  for (int i = 1; i < argc; ++i) {
+    if (std::strncmp(argv[i], kScreenshotsOption, std::strlen(kScreenshotsOption)) == 0) {
+      setenv("QT_QPA_PLATFORM", "offscreen", 1);
+      return;
+    }
+  }
+}
+
+// The first IBO of the main table.
+std::optional<std::int32_t> FirstIbo(EditorEnvironment& environment) {
+  const auto ibos = environment.Db()->ListIbos(pelkor::IboTable::kMain);
+  if (ibos.empty()) return std::nullopt;
+  return ibos.front().id;
+}
+
+int Run(const Options& options) {
+  const bool useDefault = options.db.empty();
+  const std::string dbPath = useDefault ? pelkor::desktop::DefaultDatabasePath() : options.db;
+  // A new database starts with the demo opportunities.
+  const bool seed = useDefault || !QFileInfo::exists(QString::fromStdString(dbPath));
+  EditorEnvironment environment({dbPath, pelkor::desktop::DefaultTraceLogPath()});
+  if (seed) pelkor::SeedDemoData(*environment.Db());
+
+  HostWindow window(environment);
+  if (!options.screenshots.empty()) {
+    window.show();
+    const QStringList files = pelkor::desktop::WriteScreenshots(
+        window, environment, QString::fromStdString(options.screenshots), options.ibo,
+        options.view);
+    QTextStream out(stdout);
+    out << "Screenshots (" << files.size() << ") written to "
+        << QFileInfo(QString::fromStdString(options.screenshots)).absoluteFilePath() << ":\n";
+    for (const QString& file : files) out << "  " << QFileInfo(file).fileName() << "\n";
+    return EXIT_SUCCESS;
+  }
+  const std::optional<std::int32_t> ibo = options.ibo ? options.ibo : FirstIbo(environment);
+  if (ibo) window.OpenIbo(*ibo, options.view);
+  window.show();
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  PreferOffscreenForScreenshots(argc, argv);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("pelkor");
+  QApplication::setApplicationDisplayName("Pelkor");
+
+  CLI::App cli{"Edits one IBO of a Pelkor database in a desktop window."};
+  Options options;
+  cli.add_option("--db", options.db, "database file (default: the demo database)");
+  cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
+  cli.add_option("--view", options.view, "view code: 0 to 2 main table, 3 archive")
+      ->check(CLI::Range(0, pelkor::desktop::kArchiveView));
+  cli.add_option(kScreenshotsOption, options.screenshots,
+                 "write a PNG of every tab to this folder and exit");
+  try {
+    cli.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return cli.exit(error);
+  }
+  try {
+    return Run(options);
+  } catch (const std::exception& error) {
+    QTextStream(stderr) << "pelkor-edit: " << pelkor::desktop::ErrorText(error) << "\n";
+    return EXIT_FAILURE;
+  }
+}
