@@ -8,6 +8,8 @@
 #include "trace/error_paths.h"
 #include "values/text.h"
 
+#include <vector>
+
 namespace pelkedit {
 namespace {
 
@@ -141,14 +143,23 @@ std::string ValidateField(const std::string& text, std::int32_t maxLength) {
   return RunMethod(EditorContext::Proc("ValidateField"), [&]() -> std::string {
     const auto limit = static_cast<std::size_t>(maxLength < 0 ? 0 : maxLength);
     if (CharCount(text) <= limit) return text;
-    std::size_t excess = CharCount(text) - limit;
-    std::string result = text;
     // Line breaks go first, from the end of the text towards its start.
-    for (std::size_t at = result.rfind("\r\n"); excess > 0 && at != std::string::npos;
-         at = at == 0 ? std::string::npos : result.rfind("\r\n", at - 1)) {
-      result.replace(at, 2, " ");
+    std::size_t excess = CharCount(text) - limit;
+    std::vector<std::size_t> breaks;
+    for (std::size_t at = text.rfind("\r\n"); excess > 0 && at != std::string::npos;
+         at = at == 0 ? std::string::npos : text.rfind("\r\n", at - 1)) {
+      breaks.push_back(at);
       --excess;
     }
+    std::string result;
+    result.reserve(text.size());
+    std::size_t from = 0;
+    for (auto it = breaks.rbegin(); it != breaks.rend(); ++it) {
+      result.append(text, from, *it - from);
+      result.push_back(' ');
+      from = *it + 2;
+    }
+    result.append(text, from, std::string::npos);
     const std::size_t first = result.find_first_not_of(' ');
     if (first == std::string::npos) return std::string();
     result = result.substr(first, result.find_last_not_of(' ') - first + 1);

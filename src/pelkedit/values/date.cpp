@@ -102,19 +102,22 @@ int Date::SecondOfDay() const {
   return static_cast<int>(seconds_ - FloorDiv(seconds_, kSecondsPerDay) * kSecondsPerDay);
 }
 
+namespace {
+// The number with leading zeros to at least `width` digits (a minus sign first).
+std::string Padded(long long value, std::size_t width) {
+  std::string digits = std::to_string(value < 0 ? -value : value);
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  return value < 0 ? "-" + digits : digits;
+}
+}  // namespace
+
 std::string Date::ToIso() const {
   const Civil c = CivilOf(seconds_);
-  char buf[40];
+  std::string text = Padded(c.year, 4) + "-" + Padded(c.month, 2) + "-" + Padded(c.day, 2);
   const int sod = SecondOfDay();
-  if (sod == 0) {
-    std::snprintf(buf, sizeof buf, "%04lld-%02u-%02u", static_cast<long long>(c.year), c.month,
-                  c.day);
-  } else {
-    std::snprintf(buf, sizeof buf, "%04lld-%02u-%02uT%02d:%02d:%02d",
-                  static_cast<long long>(c.year), c.month, c.day, sod / 3600, sod / 60 % 60,
-                  sod % 60);
-  }
-  return buf;
+  if (sod == 0) return text;
+  return text + "T" + Padded(sod / 3600, 2) + ":" + Padded(sod / 60 % 60, 2) + ":" +
+         Padded(sod % 60, 2);
 }
 
 }  // namespace pelkedit

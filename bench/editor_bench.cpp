@@ -1,0 +1,53 @@
+// How long the editor takes for what a user waits on: loading a record (every tab filled,
+// the advisor set up and the advice built), answering a question, and saving.
+#include <benchmark/benchmark.h>
+
+#include <sstream>
+
+#include "data/demo_seed.h"
+#include "data/ibo_database.h"
+#include "session.h"
+
+namespace {
+
+pelkscript::Session& SeededSession(std::ostringstream& out) {
+  static pelkscript::Session* session = [&out] {
+    auto* s = new pelkscript::Session({}, out, "bench");
+    pelkor::SeedDemoData(*s->GetWorld().Db());
+    s->RunLine(
+        "engine-result ExpertAdviceTitle=\"Qualified\" ExpertAdviceAlert=\"No proof yet\" "
+        "ExpertAdviceHeading=\"Next\" ExpertAdviceBody=\"Plan:\\r\\n*Pilot\\r\\n*Reference\"");
+    s->RunLine("create");
+    return s;
+  }();
+  return *session;
+}
+
+void BM_ShowExpertIbo(benchmark::State& state) {
+  std::ostringstream out;
+  auto& session = SeededSession(out);
+  for (auto _ : state) session.RunLine("show 1001 0");
+}
+BENCHMARK(BM_ShowExpertIbo);
+
+void BM_AnswerWillItHappen(benchmark::State& state) {
+  std::ostringstream out;
+  auto& session = SeededSession(out);
+  session.RunLine("show 1001 0");
+  bool high = false;
+  for (auto _ : state) {
+    session.RunLine(high ? "click optWihHigh" : "click optWihLow");
+    high = !high;
+  }
+}
+BENCHMARK(BM_AnswerWillItHappen);
+
+void BM_SaveWithButton(benchmark::State& state) {
+  std::ostringstream out;
+  auto& session = SeededSession(out);
+  session.RunLine("show 1002 0");
+  for (auto _ : state) session.RunLine("click cmdSave");
+}
+BENCHMARK(BM_SaveWithButton);
+
+}  // namespace
