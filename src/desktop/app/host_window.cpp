@@ -5,7 +5,6 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <vector>
 
@@ -32,8 +31,15 @@ constexpr StatusChoice kStatusChoices[] = {{pelkedit::eEditStatusOpen, "&Open"},
                                            {pelkedit::eEditStatusLost, "&Lost"},
                                            {pelkedit::eEditStatusCancelled, "&Cancelled"}};
 
+void ShowError(QtPlatform& platform, const std::exception& error) {
+  platform.MsgBox(ErrorText(error).toStdString(), pelkedit::MsgIcon::kCritical,
+                  pelkedit::MsgButtons::kOk, kAppTitle);
+}
+
 BinderOptions FormOptions(QtPlatform& platform) {
   BinderOptions options;
+  // Through the platform, like every other message the user sees.
+  options.onError = [&platform](const std::exception& error) { ShowError(platform, error); };
   options.shortDateFormat = QString::fromStdString(platform.ShortDateFormat());
   options.fixedPictures = {
       {"picProbabilitMatrix", picture::kMatrix}, {"picPmUserSqr", picture::kUserSquare},
@@ -150,7 +156,7 @@ bool HostWindow::HostCall(const std::function<void()>& call) {
     call();
     return true;
   } catch (const std::exception& error) {
-    QMessageBox::critical(this, kAppTitle, ErrorText(error));
+    ShowError(environment_.Platform(), error);
     return false;
   }
 }

@@ -1,0 +1,218 @@
+#include <QDateEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <deque>
+#include <memory>
+#include <optional>
+
+#include "app/editor_environment.h"
+#include "app/host_window.h"
+#include "binding/date_widgets.h"
+#include "binding/picture_view.h"
+#include "data/demo_seed.h"
+#include "record/ibo_properties.h"
+
+using namespace pelkedit;
+using pelkor::desktop::EditorEnvironment;
+using pelkor::desktop::HostWindow;
+using pelkor::desktop::PictureView;
+using pelkor::desktop::QtPlatform;
+
+namespace {
+
+constexpr std::int32_t kExpertIbo = 1001;  // started 2026-02-09, expected 2026-09-30, WIH High
+constexpr std::int32_t kMainView = 0;
+constexpr std::int32_t kWihLow = 0;
+constexpr std::int32_t kWihHigh = 2;
+const char* const kSavePromptTitle = "IBO modified";
+
+// The host on a seeded database of its own, with message boxes answered by the test.
+struct Host {
+  QTemporaryDir folder;
+  std::string dbPath = folder.filePath("test.pelkdb").toStdString();
+  std::unique_ptr<EditorEnvironment> environment;
+  std::unique_ptr<HostWindow> window;
+  std::vector<QtPlatform::Message> messages;
+  std::deque<MsgAnswer> answers;
+
+  Host() {
+    pelkor::SeedDemoData(*pelkor::IboDatabase::Open(dbPath));
+    environment = std::make_unique<EditorEnvironment>(
+        pelkor::desktop::EnvironmentOptions{dbPath, folder.filePath("trace.log").toStdString()});
+    environment->Platform().SetMessageHook([this](const QtPlatform::Message& message) {
+      messages.push_back(message);
+      if (answers.empty())
+        return message.buttons == MsgButtons::kOk ? MsgAnswer::kOk : MsgAnswer::kCancel;
+      const MsgAnswer answer = answers.front();
+      answers.pop_front();
+      return answer;
+    });
+    window = std::make_unique<HostWindow>(*environment);
+  }
+  ~Host() {
+    window.reset();
+    environment.reset();
+  }
+
+  bool Open(std::int32_t id) {
+    if (!window->OpenIbo(id, kMainView)) return false;
+    window->show();
+    return QTest::qWaitForWindowActive(window.get());
+  }
+  template <typename W>
+  W* Qt(const char* name) {
+    return window->findChild<W*>(name);
+  }
+  IRecord& Rec() { return *window->Component()->Record(); }
+  // The record as the database holds it now.
+  std::shared_ptr<IRecord> Stored(std::int32_t id) {
+    auto record = pelkor::CreateIboProperties();
+    record->SetIboData(pelkor::IboDatabase::Open(dbPath)->Read(pelkor::IboTable::kMain, id));
+    return record;
+  }
+};
+
+QDate QDateOf(const Date& date) {
+  return QDate(date.Year(), date.Month(), date.Day());
+}
+
+// Types a date into the field as the user would, over each section in its display order.
+void TypeDate(QDateEdit* edit, const QDate& date) {
+  edit->setFocus();
+  for (int i = 0; i < edit->sectionCount(); ++i) {
+    const QDateTimeEdit::Section section = edit->sectionAt(i);
+    edit->setSelectedSection(section);
+    const char* format = section == QDateTimeEdit::DaySection     ? "dd"
+                         : section == QDateTimeEdit::MonthSection ? "MM"
+                                                                  : "yyyy";
+    QTest::keyClicks(edit, date.toString(format));
+  }
+}
+
+// A click where the user clicks an option: on its round button.
+void ClickOption(QRadioButton* option) {
+  QTest::mouseClick(option, Qt::LeftButton, {}, QPoint(8, option->height() / 2));
+}
+
+}  // namespace
+
+class HostWindowTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void opensTheIboWithTitleStatusAndMode() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    QVERIFY(host.window->windowTitle().contains("Pelkor"));
+    QVERIFY(host.window->windowTitle().size() > QString("Pelkor").size());
+    QCOMPARE(host.window->StatusText(), QString("Status: Open"));
+    QCOMPARE(host.window->ModeText(), QString("Expert"));
+    QCOMPARE(host.window->Form()->size(), QSize(600, 400));
+
+    // An IBO that does not exist is reported and the one shown stays.
+    HostWindow* window = host.window.get();
+    QVERIFY(!window->OpenIbo(987654, kMainView));
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QCOMPARE(host.messages[0].icon, MsgIcon::kCritical);
+    QVERIFY(host.Qt<QRadioButton>("optWihHigh")->isChecked());
+
+    window->ChangeStatus(eEditStatusWon);
+    QCOMPARE(window->StatusText(), QString("Status: Won"));
+  }
+
+  void clickOnAnOptionUpdatesTheRecordAndMarksItDirty() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihHigh);
+    QVERIFY(!host.window->Component()->IboChanged());
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QVERIFY(host.window->Component()->IboChanged());
+    QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
+    QVERIFY(!host.Qt<QRadioButton>("optWihHigh")->isChecked());
+  }
+
+  void typedWwihDateIsCommittedWhenTheFocusMovesAndARefusedOneIsRestored() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    auto* edit = host.Qt<QDateEdit>("deWwih");
+    QCOMPARE(edit->date(), QDate(2026, 9, 30));
+
+    TypeDate(edit, QDate(2026, 12, 15));
+    QCOMPARE(edit->date(), QDate(2026, 12, 15));
+    QVERIFY(!host.window->Component()->IboChanged());  // not before the field is left
+    QTest::keyClick(edit, Qt::Key_Tab);
+    QVERIFY(!edit->hasFocus());
+    QCOMPARE(QDateOf(host.Rec().Get("WwihDate").AsDate()), QDate(2026, 12, 15));
+    QVERIFY(host.window->Component()->IboChanged());
+    QVERIFY(host.messages.empty());
+
+    TypeDate(edit, QDate(2026, 1, 5));  // before the start date
+    ClickOption(host.Qt<QRadioButton>("optWwgiHigh"));
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QCOMPARE(host.messages[0].text,
+             std::string("WWIH date must be greater or equal to Start Date."));
+    QCOMPARE(edit->date(), QDate(2026, 12, 15));
+    QCOMPARE(QDateOf(host.Rec().Get("WwihDate").AsDate()), QDate(2026, 12, 15));
+  }
+
+  void pressOnTheMainStripSwitchesTheTab() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    auto* strip = host.Qt<PictureView>("picMainTab");
+    QVERIFY(host.Qt<QWidget>("fraMainEssentials")->isVisible());
+    QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(122, 10));
+    QCOMPARE(host.window->Component()->State().mainTab, 1);
+    QVERIFY(host.Qt<QWidget>("fraMainSalesAdvisor")->isVisible());
+    QVERIFY(!host.Qt<QWidget>("fraMainEssentials")->isVisible());
+    QTest::mouseClick(strip, Qt::LeftButton, {}, QPoint(376, 10));
+    QCOMPARE(host.window->Component()->State().mainTab, 4);
+    QVERIFY(host.Qt<QWidget>("fraMainIBONote")->isVisible());
+  }
+
+  void saveWritesTheDatabaseAndClosesWithoutAskingAgain() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    QTest::mouseClick(host.Qt<QPushButton>("cmdSave"), Qt::LeftButton);
+    QTRY_VERIFY(!host.window->isVisible());
+    QVERIFY(host.messages.empty());
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihLow);
+  }
+
+  void closeBoxKeepsTheWindowAndTheEditsOnCancelAndSavesOnYes() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+
+    host.answers = {MsgAnswer::kCancel};
+    host.window->close();
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QCOMPARE(host.messages[0].title, std::string(kSavePromptTitle));
+    QVERIFY(host.window->isVisible());
+    QVERIFY(host.window->Component()->IboChanged());
+    QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);
+
+    host.answers = {MsgAnswer::kYes};
+    host.window->close();
+    QVERIFY(!host.window->isVisible());
+    QCOMPARE(host.messages.size(), std::size_t(2));
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihLow);
+  }
+
+  void closeBoxWithNoDiscardsTheEdits() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    host.answers = {MsgAnswer::kNo};
+    host.window->close();
+    QVERIFY(!host.window->isVisible());
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);
+  }
+};
+
+QTEST_MAIN(HostWindowTest)
+#include "host_window_test.moc"
