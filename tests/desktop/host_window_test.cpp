@@ -1,6 +1,7 @@
 #include <QDateEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <deque>
@@ -9,6 +10,7 @@
 
 #include "app/editor_environment.h"
 #include "app/host_window.h"
+#include "app/open_ibo_dialog.h"
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
 #include "data/demo_seed.h"
@@ -23,6 +25,7 @@ using pelkor::desktop::QtPlatform;
 namespace {
 
 constexpr std::int32_t kExpertIbo = 1001;  // started 2026-02-09, expected 2026-09-30, WIH High
+constexpr std::int32_t kBasicIbo = 1002;   // WIH Medium
 constexpr std::int32_t kMainView = 0;
 constexpr std::int32_t kWihLow = 0;
 constexpr std::int32_t kWihHigh = 2;
@@ -201,6 +204,41 @@ class HostWindowTest : public QObject {
     QVERIFY(!host.window->isVisible());
     QCOMPARE(host.messages.size(), std::size_t(2));
     QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihLow);
+  }
+
+  void openingAnotherIboAsksAboutTheEditsFirst() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    const auto pickFromList = [](std::int32_t id) {
+      QTimer::singleShot(0, [id] {
+        auto* dialog =
+            qobject_cast<pelkor::desktop::OpenIboDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog != nullptr);
+        QTableWidget* table = dialog->Table();
+        const auto rows = table->findItems(QString::number(id), Qt::MatchExactly);
+        QVERIFY(!rows.isEmpty());
+        table->setCurrentCell(rows.front()->row(), 0);
+        QTest::keyClick(table, Qt::Key_Return);
+      });
+    };
+
+    host.answers = {MsgAnswer::kCancel};
+    pickFromList(kBasicIbo);
+    host.window->ChooseIbo();
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QVERIFY(host.window->Component()->IboChanged());
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QCOMPARE(host.window->ModeText(), QString("Expert"));
+
+    host.answers = {MsgAnswer::kNo};
+    pickFromList(kBasicIbo);
+    host.window->ChooseIbo();
+    QCOMPARE(host.messages.size(), std::size_t(2));
+    QCOMPARE(host.window->ModeText(), QString("Basic"));
+    QVERIFY(!host.window->Component()->IboChanged());
+    QVERIFY(host.Qt<QRadioButton>("optWihMedium")->isChecked());
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);
   }
 
   void closeBoxWithNoDiscardsTheEdits() {

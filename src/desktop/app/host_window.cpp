@@ -142,7 +142,8 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
   binder->setObjectName("binder");
   SetTabOrder(component->Widgets(), *binder);
-  // Replacing the central widget deletes the old form (and its binder) before its component.
+  // The old form and its binder go now, not later: they point at the old component's models.
+  delete takeCentralWidget();
   setCentralWidget(form);
   form_ = form;
   binder_ = binder;

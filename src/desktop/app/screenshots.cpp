@@ -38,15 +38,18 @@ template <std::size_t N>
 QStringList ShootTabs(HostWindow& window, const TabShot (&tabs)[N], const QDir& folder,
                       std::int32_t iboId) {
   QStringList written;
+  const auto save = [&](QWidget* widget, const char* name) {
+    const QString path = folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(name));
+    if (!widget->grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
+    written << path;
+  };
+  // The whole window once, with its menu and status bar.
+  save(&window, "window");
   pelkedit::PelkIboEdit& component = *window.Component();
   for (const TabShot& tab : tabs) {
     Press(component, "picMainTab", tab.mainX);
     if (tab.subX >= 0) Press(component, "picSEnvTab", tab.subX);
-    const QString path = folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(tab.name));
-    if (!window.Form()->grab().save(path)) {
-      throw std::runtime_error("cannot write " + path.toStdString());
-    }
-    written << path;
+    save(window.Form(), tab.name);
   }
   // Back where the user starts.
   Press(component, "picMainTab", tabs[0].mainX);
