@@ -104,8 +104,10 @@ void BuildSalesEnvironment(WidgetRegistry& widgets, Frame* frame) {
     Place<Frame>(widgets, name, frame, 0, kSubFrameTop, kFormWidth, kFrameHeight - kSubFrameTop);
   }
   // The Close phase's close-date field takes the user's date order at creation.
+  // It stays hidden until the phase shows it with the rest of its answers.
   Place<DateEdit>(widgets, "deCloseDateEdit", &widgets.Get<Frame>("fraMainSEnvClose"), 240, 200,
-                  120, kFieldHeight);
+                  120, kFieldHeight)
+      .SetVisible(false);
 }
 
 void BuildIboInfo(WidgetRegistry& widgets, Frame* frame) {
