@@ -57,6 +57,13 @@ int Run(const Options& options) {
 
   HostWindow window(environment);
   if (!options.screenshots.empty()) {
+    // Nobody is there to answer: messages go to the error stream and take their safe answer.
+    environment.Platform().SetMessageHook([](const pelkor::desktop::QtPlatform::Message& message) {
+      QTextStream(stderr) << "pelkor-edit: " << QString::fromStdString(message.title) << ": "
+                          << QString::fromStdString(message.text) << "\n";
+      return message.buttons == pelkedit::MsgButtons::kOk ? pelkedit::MsgAnswer::kOk
+                                                          : pelkedit::MsgAnswer::kCancel;
+    });
     window.show();
     const QStringList files = pelkor::desktop::WriteScreenshots(
         window, environment, QString::fromStdString(options.screenshots), options.ibo,
@@ -76,12 +83,9 @@ int Run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  PreferOffscreenForScreenshots(argc, argv);
-  QApplication application(argc, argv);
-  QApplication::setApplicationName("pelkor");
-  QApplication::setApplicationDisplayName("Pelkor");
-
   CLI::App cli{"Edits one IBO of a Pelkor database in a desktop window."};
+  // Qt's own options (-platform, -style, ...) pass through to the application.
+  cli.allow_extras();
   Options options;
   cli.add_option("--db", options.db, "database file (default: the demo database)");
   cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
@@ -94,6 +98,11 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return cli.exit(error);
   }
+  // Parsed before the application starts, so --help and mistakes need no display.
+  PreferOffscreenForScreenshots(argc, argv);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("pelkor");
+  QApplication::setApplicationDisplayName("Pelkor");
   try {
     return Run(options);
   } catch (const std::exception& error) {

@@ -111,7 +111,7 @@ class HostWindowTest : public QObject {
     QVERIFY(host.window->windowTitle().contains("Pelkor"));
     QVERIFY(host.window->windowTitle().size() > QString("Pelkor").size());
     QCOMPARE(host.window->StatusText(), QString("Status: Open"));
-    QCOMPARE(host.window->ModeText(), QString("Expert"));
+    QCOMPARE(host.window->ModeText(), QString("Expert mode"));
     QCOMPARE(host.window->Form()->size(), QSize(600, 400));
 
     // An IBO that does not exist is reported and the one shown stays.
@@ -229,13 +229,13 @@ class HostWindowTest : public QObject {
     QCOMPARE(host.messages.size(), std::size_t(1));
     QVERIFY(host.window->Component()->IboChanged());
     QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
-    QCOMPARE(host.window->ModeText(), QString("Expert"));
+    QCOMPARE(host.window->ModeText(), QString("Expert mode"));
 
     host.answers = {MsgAnswer::kNo};
     pickFromList(kBasicIbo);
     host.window->ChooseIbo();
     QCOMPARE(host.messages.size(), std::size_t(2));
-    QCOMPARE(host.window->ModeText(), QString("Basic"));
+    QCOMPARE(host.window->ModeText(), QString("Basic mode"));
     QVERIFY(!host.window->Component()->IboChanged());
     QVERIFY(host.Qt<QRadioButton>("optWihMedium")->isChecked());
     QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);

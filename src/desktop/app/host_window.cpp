@@ -228,7 +228,7 @@ void HostWindow::SetIBOStatus(std::int32_t status) {
 
 void HostWindow::SetExpertMode(bool expert) {
   expert_ = expert;
-  modeLabel_->setText(expert ? tr("Expert") : tr("Basic"));
+  modeLabel_->setText(expert ? tr("Expert mode") : tr("Basic mode"));
   UpdateActions();
 }
 
