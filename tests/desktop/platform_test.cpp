@@ -2,6 +2,8 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -9,8 +11,11 @@
 #include <functional>
 
 #include "binding/date_widgets.h"
+#include "dialogs/frm_start_date.h"
 #include "platform/modal_dialog.h"
 #include "platform/qt_platform.h"
+#include "trace/mod_init.h"
+#include "trace/trace_log.h"
 #include "values/error.h"
 #include "widgets/controls.h"
 
@@ -170,6 +175,32 @@ class PlatformTest : public QObject {
     QVERIFY(second.loaded);
     QVERIFY(!second.accepted);
     QVERIFY(!second.IsOpen());
+  }
+
+  void startDateDialogTakesEnterAndEscape() {
+    ObjectFactory factory;
+    QtPlatform platform(factory);
+    const QString log = QDir::temp().filePath("pelk-platform-test.log");
+    pelkor::RegisterTraceComponent(factory, platform, log.toStdString());
+    Main(platform);
+    const Date wwih = Date::FromCivil(2026, 6, 30);
+
+    // Enter presses Save: an accepted date closes the dialog.
+    FrmStartDate accepted(platform);
+    accepted.DialogInit(Date::FromCivil(2026, 1, 5), wwih);
+    WhenModalShows([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Return); });
+    platform.ShowModal(accepted);
+    QVERIFY(!accepted.DialogCancel());
+    QVERIFY(accepted.StartDate() == Date::FromCivil(2026, 1, 5));
+
+    // Escape is the close box: the dialog is cancelled.
+    FrmStartDate escaped(platform);
+    escaped.DialogInit(Date::FromCivil(2026, 1, 5), wwih);
+    WhenModalShows([](QWidget* modal) { QTest::keyClick(modal, Qt::Key_Escape); });
+    platform.ShowModal(escaped);
+    QVERIFY(escaped.DialogCancel());
+    UnloadLibrary();
+    QFile::remove(log);
   }
 
   void collaboratorsComeFromTheFactory() {

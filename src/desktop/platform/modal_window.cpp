@@ -1,5 +1,7 @@
 #include "platform/modal_window.h"
 
+#include <QPushButton>
+
 namespace pelkor::desktop {
 
 ModalWindow::ModalWindow(pelkedit::ModalDialog& model, const BinderOptions& options,
@@ -9,6 +11,10 @@ ModalWindow::ModalWindow(pelkedit::ModalDialog& model, const BinderOptions& opti
   setWindowTitle(QString::fromStdString(model.Caption()));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setFixedSize(model.WidthPixels(), model.HeightPixels());
+  const QString defaultButton = QString::fromStdString(model.DefaultButton());
+  if (!defaultButton.isEmpty()) {
+    if (auto* button = findChild<QPushButton*>(defaultButton)) button->setDefault(true);
+  }
   connect(binder_, &Binder::userActionHandled, this, &ModalWindow::CloseWhenModelClosed);
 }
 

@@ -18,6 +18,7 @@ class FrmStartDate : public ModalDialog {
   std::string Caption() const override { return "Change Start Date"; }
   int WidthPixels() const override;
   int HeightPixels() const override;
+  std::string DefaultButton() const override { return "cmdSave"; }
 
   void DialogInit(const Date& start, const Date& wwihDate);
   Date StartDate() const { return startDate_; }

@@ -15,6 +15,8 @@ class ModalDialog {
   virtual std::string Caption() const = 0;
   virtual int WidthPixels() const = 0;
   virtual int HeightPixels() const = 0;
+  // The button that Enter presses ("" for none); Escape works as the window's close box.
+  virtual std::string DefaultButton() const { return ""; }
   WidgetRegistry& Widgets() { return widgets_; }
   bool IsOpen() const { return open_; }
   // The host calls this as it shows the dialog (the form's load event).
