@@ -1,22 +1,14 @@
 #!/usr/bin/env bash
-# Installs what PelkEdit needs, builds it, and runs the editor on the demo database.
+# Installs what PelkEdit needs, builds it, and opens the editor on the demo database (created
+# and seeded in the user's data folder on first run). Without a display it writes screenshots
+# of every tab instead and says where they are. Extra arguments go to pelkor-edit.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/install-deps.sh
 cmake --preset default >/dev/null
 cmake --build --preset default -j "$(nproc)"
-bin=build/default
-data_dir="${XDG_DATA_HOME:-$HOME/.local/share}/pelkor"
-mkdir -p "${data_dir}"
-db="${data_dir}/demo.pelkdb"
-if [ -x "${bin}/src/desktop/pelkor-edit" ]; then
-  if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    exec "${bin}/src/desktop/pelkor-edit" --db "${db}" "$@"
-  fi
-  shots="${PWD}/build/screenshots"
-  QT_QPA_PLATFORM=offscreen "${bin}/src/desktop/pelkor-edit" --db "${db}" --screenshots "${shots}" "$@"
-  echo "No display: screenshots of every tab are in ${shots}"
-  exit 0
+editor=build/default/src/desktop/pelkor-edit
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  exec "${editor}" "$@"
 fi
-[ -f "${db}" ] || "${bin}/src/components/data/tool/pelkor-db" seed "${db}"
-exec "${bin}/src/script/pelkedit-script" --db "${db}" examples/demo.pelk
+QT_QPA_PLATFORM=offscreen "${editor}" --screenshots "${PWD}/build/screenshots" "$@"
