@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "locale/mod_locale.h"
 #include "platform/modal_dialog.h"
 #include "values/variant.h"
 #include "widgets/controls.h"
@@ -16,8 +17,6 @@ constexpr int kDefaultYear = 2026;
 constexpr int kDefaultMonth = 1;
 constexpr int kDefaultDay = 15;
 constexpr int kDefaultHour = 10;
-
-enum DateOrderCode : std::int32_t { kMonthFirst = 0, kDayFirst = 1, kYearFirst = 2 };
 
 std::vector<MsgAnswer> AnswersOf(MsgButtons buttons) {
   switch (buttons) {
@@ -73,25 +72,6 @@ void RunStep(const DialogStep& step, pelkedit::ModalDialog& dialog) {
 
 pelkedit::Date DefaultClock() {
   return pelkedit::Date::FromCivil(kDefaultYear, kDefaultMonth, kDefaultDay, kDefaultHour);
-}
-
-std::optional<std::int32_t> DateOrderOfFormat(const std::string& format) {
-  for (const char c : format) {
-    switch (c) {
-      case 'M':
-      case 'm':
-        return kMonthFirst;
-      case 'd':
-      case 'D':
-        return kDayFirst;
-      case 'y':
-      case 'Y':
-        return kYearFirst;
-      default:
-        break;
-    }
-  }
-  return std::nullopt;
 }
 
 ScriptedPlatform::ScriptedPlatform(WorldLog& log, FaultInjector& faults,
@@ -193,7 +173,7 @@ std::string ScriptedPlatform::ShortDateFormat() {
 
 std::string ScriptedPlatform::DateOrderText() const {
   if (localeMode_ == LocaleMode::kRawAnswer) return localeAnswer_;
-  const auto order = DateOrderOfFormat(shortDateFormat_);
+  const auto order = pelkedit::DateOrderFromFormat(shortDateFormat_);
   return order ? std::to_string(*order) : std::string();
 }
 

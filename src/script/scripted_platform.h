@@ -82,8 +82,5 @@ class ScriptedPlatform : public pelkedit::IPlatform {
 
 // The default clock of a fresh world.
 pelkedit::Date DefaultClock();
-// The date order code a short-date format gives: 0 month first, 1 day first, 2 year first;
-// nullopt when the format names none of them.
-std::optional<std::int32_t> DateOrderOfFormat(const std::string& format);
 
 }  // namespace pelkscript

@@ -114,8 +114,8 @@ std::int32_t FakePlatform::GetLocaleInfoA(std::int32_t locale, std::int32_t lcty
                                           std::string& buffer, std::int32_t size) {
   localeSizes.push_back(size);
   if (localeFails || locale != kLocaleUserDefault || lctype != kLocaleIDate) return 0;
-  const std::string text =
-      localeText.value_or(std::to_string(DateOrderFromFormat(shortDateFormat)));
+  const std::string text = localeText.value_or(
+      std::to_string(DateOrderFromFormat(shortDateFormat).value_or(kDateOrderMonthFirst)));
   buffer.replace(0, text.size() + 1, text + '\0');
   return static_cast<std::int32_t>(text.size() + 1);
 }

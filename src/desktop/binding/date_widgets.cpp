@@ -4,6 +4,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "locale/mod_locale.h"
+
 namespace pelkor::desktop {
 
 namespace {
@@ -30,12 +32,7 @@ std::int32_t ClampToShowable(std::int32_t day) {
 }
 
 int DateOrderOf(const QString& format) {
-  for (const QChar c : format) {
-    if (c == 'M') return kMonthDayYear;
-    if (c == 'd') return kDayMonthYear;
-    if (c == 'y') return kYearMonthDay;
-  }
-  return kMonthDayYear;
+  return pelkedit::DateOrderFromFormat(format.toStdString()).value_or(kMonthDayYear);
 }
 
 QString MaskedDateFormat(const QString& shortDateFormat, int order) {

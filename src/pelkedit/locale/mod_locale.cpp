@@ -40,13 +40,23 @@ std::int32_t GetUserDateOrder(IPlatform& platform) {
   return TextToLong(buffer.substr(0, count));
 }
 
-std::int32_t DateOrderFromFormat(const std::string& shortDateFormat) {
+std::optional<std::int32_t> DateOrderFromFormat(const std::string& shortDateFormat) {
   for (const char c : shortDateFormat) {
-    if (c == 'M') return kDateOrderMonthFirst;
-    if (c == 'd') return kDateOrderDayFirst;
-    if (c == 'y') return kDateOrderYearFirst;
+    switch (c) {
+      case 'M':
+      case 'm':
+        return kDateOrderMonthFirst;
+      case 'd':
+      case 'D':
+        return kDateOrderDayFirst;
+      case 'y':
+      case 'Y':
+        return kDateOrderYearFirst;
+      default:
+        break;
+    }
   }
-  return kDateOrderMonthFirst;
+  return std::nullopt;
 }
 
 Date GetDateFromLong(std::int32_t lDays) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "values/date.h"
@@ -18,9 +19,9 @@ inline constexpr std::int32_t kDateOrderYearFirst = 2;
 // A non-numeric answer raises a type mismatch in the caller.
 std::int32_t GetUserDateOrder(IPlatform& platform);
 
-// The order code that a short-date format such as "d/M/yyyy" implies (month first when the
-// format names none of day, month and year).
-std::int32_t DateOrderFromFormat(const std::string& shortDateFormat);
+// The order code that a short-date format such as "d/M/yyyy" implies: whichever of day,
+// month and year it names first (either case); nullopt when it names none of them.
+std::optional<std::int32_t> DateOrderFromFormat(const std::string& shortDateFormat);
 
 // 1900-01-01 plus lDays days (negative values go back before 1900).
 Date GetDateFromLong(std::int32_t lDays);
