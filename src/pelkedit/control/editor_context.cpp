@@ -53,6 +53,12 @@ void EditorContext::MarkIboAsDirty() {
   });
 }
 
+void EditorContext::CopyAdvisorResults(std::initializer_list<const char*> results) const {
+  IAdvisor& engine = Adv();
+  IRecord& rec = Rec();
+  for (const char* result : results) rec.Set(result, engine.Get(result));
+}
+
 void EditorContext::CenterControl(float left, Widget& ctl, const Widget& container) {
   RunMethod(Proc("CenterControl"), [&] {
     ctl.SetLeft(left);

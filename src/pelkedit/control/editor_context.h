@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -54,6 +55,9 @@ class EditorContext {
   }
 
   void MarkIboAsDirty();
+  // Writes the engine's results into the record properties of the same names, in the order
+  // given (each change copies its own set, in its own order).
+  void CopyAdvisorResults(std::initializer_list<const char*> results) const;
   // Moves ctl to the left position and centres it vertically on container.
   void CenterControl(float left, Widget& ctl, const Widget& container);
   // Question tooltips of the Sales Environment, set once at creation by the tab that owns

@@ -10,14 +10,9 @@
 
 namespace pelkedit {
 
-void HostChanges::CopyBack(bool withUserPriority) {
-  IAdvisor& advisor = ctx_.Adv();
-  IRecord& rec = ctx_.Rec();
-  if (withUserPriority) rec.Set("UserPriority", advisor.Get("UserPriority"));
-  for (const char* result :
-       {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult"}) {
-    rec.Set(result, advisor.Get(result));
-  }
+// What every host change copies back, after the start date's own UserPriority.
+void HostChanges::CopyBack() {
+  ctx_.CopyAdvisorResults({"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult"});
 }
 
 void HostChanges::RefreshSalesAdvisorIfShown() {
@@ -37,7 +32,8 @@ void HostChanges::IboChangeStartDate() {
     advisor.Set("StartDate", dialog.StartDate());
     advisor.Evaluate();
     rec.Set("StartDate", dialog.StartDate());
-    CopyBack(true);
+    ctx_.CopyAdvisorResults({"UserPriority"});
+    CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateIboStartDateChanged();
   });
@@ -60,7 +56,7 @@ void HostChanges::IboChangeStatus(std::int32_t status) {
     rec.Set("CloseDate", ctx_.platform.Now());
     advisor.Evaluate();
     rec.Set("Status", status);
-    CopyBack(false);
+    CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateIboStatusChanged(status);
   });
@@ -89,7 +85,7 @@ void HostChanges::IboUpgradeToExpert() {
     advisor.Set("ExpertMode", true);
     advisor.Evaluate();
     rec.Set("ExpertMode", true);
-    CopyBack(false);
+    CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateUpgradeToExpert();
     ctx_.events.SetExpertMode(true);

@@ -18,8 +18,7 @@ class HostChanges {
   void UpdateIboStartDateChanged();
   void UpdateIboStatusChanged(std::int32_t status);
   void UpdateUpgradeToExpert();
-  // Copies the engine's results into the record; the start-date change copies UserPriority too.
-  void CopyBack(bool withUserPriority);
+  void CopyBack();
   void RefreshSalesAdvisorIfShown();
 
   EditorContext& ctx_;

@@ -33,12 +33,14 @@ class Navigation {
   void SwitchSEnvTab(std::int32_t index);
   // The strip image of a main tab (error 9 outside 0..4).
   std::int32_t MainTabPicture(std::int32_t index) const;
+  // Collects what the current tab (and Sales Environment phase) still holds only in its
+  // widgets; Essentials and Sales Advisor collect nothing here.
+  void CollectMainTab();
 
  private:
   void PicMainTabMouseDown(float x);
   void PicSEnvTabMouseDown(float x);
   std::int32_t SEnvTabPicture(std::int32_t index) const;
-  void CollectMainTab();
   void ShowMainFrame(std::int32_t index);
 
   EditorContext& ctx_;

@@ -46,23 +46,12 @@ void RecordSaving::SaveIBO() {
 
 void RecordSaving::SaveAllTabs() {
   RunMethod(EditorContext::Proc("SaveAllTabs"), [&] {
-    switch (ctx_.state.mainTab) {
-      case Navigation::kEssentials:
-        ctx_.essentials->SaveEssentialsTab();
-        return;
-      case Navigation::kSalesEnvironment:
-        if (ctx_.state.sEnvTab == Navigation::kProbe) ctx_.SavePage(TabPageId::kProbe);
-        if (ctx_.state.sEnvTab == Navigation::kClose) ctx_.SavePage(TabPageId::kClose);
-        return;
-      case Navigation::kIboInfo:
-        ctx_.SavePage(TabPageId::kInfo);
-        return;
-      case Navigation::kIboNote:
-        ctx_.SavePage(TabPageId::kNote);
-        return;
-      default:
-        return;
+    // Essentials commits its typed date here; leaving it by a tab press collects nothing.
+    if (ctx_.state.mainTab == Navigation::kEssentials) {
+      ctx_.essentials->SaveEssentialsTab();
+      return;
     }
+    ctx_.navigation->CollectMainTab();
   });
 }
 

@@ -76,9 +76,7 @@ void AdvisorTab::InitAdvisor() {
       }
     }
     engine->Evaluate();
-    for (const char* result : {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority"}) {
-      rec.Set(result, engine->Get(result));
-    }
+    ctx_.CopyAdvisorResults({"AdvisorWih", "AdvisorWwgi", "AdvisorPriority"});
     InitSalesCycleGraph();
   });
 }

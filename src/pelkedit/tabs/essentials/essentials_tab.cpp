@@ -95,11 +95,8 @@ void EssentialsTab::UpdateUserAnswer(const char* procedure, const char* fact, st
     advisor.Set(fact, value);
     advisor.Evaluate();
     if (!ctx_.state.loading) {
-      IRecord& rec = ctx_.Rec();
-      rec.Set(fact, value);
-      for (const char* result : {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"}) {
-        rec.Set(result, advisor.Get(result));
-      }
+      ctx_.Rec().Set(fact, value);
+      ctx_.CopyAdvisorResults({"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"});
       ctx_.MarkIboAsDirty();
     }
     ctx_.matrix->RefreshMatrixInfo(false);
@@ -110,14 +107,11 @@ void EssentialsTab::UpdateUserAnswer(const char* procedure, const char* fact, st
 // A new WWIH date goes to the advisor first, then to the record with the advisor's results.
 void EssentialsTab::ApplyWwihDate(const Date& newDate) {
   IAdvisor& advisor = ctx_.Adv();
-  IRecord& rec = ctx_.Rec();
   advisor.Set("WwihDate", newDate);
   advisor.Evaluate();
-  rec.Set("WwihDate", newDate);
-  for (const char* result :
-       {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult", "UserPriority"}) {
-    rec.Set(result, advisor.Get(result));
-  }
+  ctx_.Rec().Set("WwihDate", newDate);
+  ctx_.CopyAdvisorResults(
+      {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult", "UserPriority"});
   ctx_.MarkIboAsDirty();
   ctx_.matrix->RefreshPriorityInfo(false);
 }
