@@ -1,3 +1,4 @@
+#include "trace/error_paths.h"
 #include "editor_fixture.h"
 #include "values/error.h"
 
@@ -5,6 +6,42 @@ namespace pelkedit::testing {
 namespace {
 
 using Kind = FakeTrace::Kind;
+
+// The same failure inside each of the four kinds of procedure.
+TEST_F(EditorTest, EachKindOfProcedureEndsAFailureItsOwnWay) {
+  const auto fail = [] { throw PelkError(kInjectedError, "source", "broken"); };
+  const FakeTrace& trace = *world.trace;
+
+  // A method reports and raises again, keeping source and description.
+  try {
+    RunMethod("method", fail);
+    FAIL() << "the method swallowed its error";
+  } catch (const PelkError& error) {
+    EXPECT_EQ(error.Number(), kInjectedError);
+    EXPECT_EQ(error.Source(), "source");
+    EXPECT_EQ(error.Description(), "broken");
+  }
+  EXPECT_FALSE(trace.Left("method"));
+
+  // A widget handler shows it owned by the host window; a help handler without an owner.
+  RunHandler("handler", platform, fail);
+  RunHelpHandler("help", fail);
+  const auto owned = trace.Of(Kind::kShowOwned);
+  ASSERT_EQ(owned.size(), 1u);
+  EXPECT_EQ(owned[0].hwnd, FakePlatform::kHostWindow);
+  EXPECT_EQ(trace.Of(Kind::kShow).size(), 1u);
+  EXPECT_EQ(trace.calls.back().kind, Kind::kShow);
+
+  // A lifecycle procedure goes on with the next statement and ends normally.
+  int after = 0;
+  ResumeNext statement("lifecycle");
+  statement(fail);
+  statement([&] { ++after; });
+  statement.Leave();
+  EXPECT_EQ(after, 1);
+  EXPECT_TRUE(trace.Left("lifecycle"));
+  EXPECT_EQ(trace.Of(Kind::kReport).size(), 4u);
+}
 
 TEST_F(EditorTest, FailureThreeLevelsBelowAHandlerIsReportedPerLevelAndShownOnce) {
   Load();

@@ -48,35 +48,38 @@ auto RunMethod(const std::string& procName, Body&& body) -> decltype(body()) {
   }
 }
 
+namespace detail {
+// Handlers end where the error happened and show it; `onError` reports and shows.
+template <typename Body, typename OnError>
+void RunShowingErrors(const std::string& procName, Body&& body, OnError&& onError) {
+  ITrace& trace = ThreadTrace();
+  try {
+    trace.EnterProc(procName);
+    body();
+    trace.LeaveProc(procName);
+  } catch (...) {
+    CaptureError(std::current_exception(), procName);
+    onError(trace);
+  }
+}
+}  // namespace detail
+
 // Kind B, a widget event handler: report the error and show it owned by the host window.
 // `beforeReport` runs first on an error, for handlers that must record that one happened.
 template <typename Body, typename OnError = void (*)()>
 void RunHandler(
     const std::string& procName, IPlatform& platform, Body&& body, OnError beforeReport = [] {}) {
-  ITrace& trace = ThreadTrace();
-  try {
-    trace.EnterProc(procName);
-    body();
-    trace.LeaveProc(procName);
-  } catch (...) {
-    CaptureError(std::current_exception(), procName);
+  detail::RunShowingErrors(procName, std::forward<Body>(body), [&](ITrace& trace) {
     beforeReport();
     detail::ReportAndShowOwned(trace, platform);
-  }
+  });
 }
 
 // Kind C, a help handler: report the error and show it without an owner.
 template <typename Body>
 void RunHelpHandler(const std::string& procName, Body&& body) {
-  ITrace& trace = ThreadTrace();
-  try {
-    trace.EnterProc(procName);
-    body();
-    trace.LeaveProc(procName);
-  } catch (...) {
-    CaptureError(std::current_exception(), procName);
-    detail::ReportAndShow(trace);
-  }
+  detail::RunShowingErrors(procName, std::forward<Body>(body),
+                           [](ITrace& trace) { detail::ReportAndShow(trace); });
 }
 
 // Kind D, lifecycle and dialog buttons: each statement that fails is reported and the
