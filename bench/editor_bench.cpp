@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "data/demo_seed.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "session.h"
 
 namespace {

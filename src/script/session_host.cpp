@@ -78,6 +78,11 @@ void Session::Call(const Words& w) {
   }
 }
 
+namespace {
+// Far beyond the save limit, yet small enough to build at once.
+constexpr std::int32_t kLargestFill = 16 * 1024 * 1024;
+}  // namespace
+
 void Session::Fill(const Words& w) {
   RequireWords(w, 3, 3, "fill record.PROP N");
   const std::string& target = Bare(w[1]);
@@ -86,6 +91,11 @@ void Session::Fill(const Words& w) {
   const std::string name = StringProperty(target.substr(prefix.size())).name;
   const std::int32_t wanted = ParseInt(w[2].raw);
   if (wanted < 0) throw ScriptError("fill: a size cannot be negative");
+  if (wanted > kLargestFill) {
+    throw ScriptError("fill: " + std::to_string(wanted) +
+                      " bytes is more than a record can hold (" + std::to_string(kLargestFill) +
+                      " at most)");
+  }
   auto& record = RealRecord();
   const pelkedit::Variant original = record.Get(name);
   const auto sizer = pelkor::CreateIboSizeCalculator();

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "advisor/advisor_names.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "record/ibo_properties.h"
 #include "session.h"
 
@@ -147,7 +147,7 @@ void Session::Ibo(const Words& w) {
   if (!numberGiven) set({"IboNumber", -1, id});
   for (const auto& a : assignments) set(a);
   try {
-    pelkor::CreateDataAccess(world_.Db())->WriteIbo(record->GetIboData(), proc);
+    world_.Db()->Write(pelkor::TableForProcedure(proc), record->GetIboData());
   } catch (const pelkedit::PelkError& error) {
     throw ScriptError("ibo " + std::to_string(id) + " cannot be stored: " + error.Description());
   }

@@ -7,7 +7,7 @@
 #include "advisor/scripted_engine.h"
 #include "control/editor_events.h"
 #include "control/pelk_ibo_edit.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "platform/object_factory.h"
 #include "scripted_platform.h"
 #include "world_log.h"
@@ -52,7 +52,7 @@ class World {
   EventRecorder events{log};
   // The database, opened at first use: a file that cannot be opened fails the command or the
   // editor's call that needs it.
-  std::shared_ptr<pelkor::IboDatabase> Db() { return dbSource_(); }
+  std::shared_ptr<pelkor::IIboStore> Db() { return dbSource_(); }
   std::shared_ptr<pelkor::ScriptedResults> results = std::make_shared<pelkor::ScriptedResults>();
   std::unique_ptr<pelkedit::PelkIboEdit> component;
 

@@ -41,7 +41,7 @@ struct Host {
   std::deque<MsgAnswer> answers;
 
   Host() {
-    pelkor::SeedDemoData(*pelkor::IboDatabase::Open(dbPath));
+    pelkor::SeedDemoData(*pelkor::OpenIboStore(dbPath));
     environment = std::make_unique<EditorEnvironment>(
         pelkor::desktop::EnvironmentOptions{dbPath, folder.filePath("trace.log").toStdString()});
     environment->Platform().SetMessageHook([this](const QtPlatform::Message& message) {
@@ -72,7 +72,7 @@ struct Host {
   // The record as the database holds it now.
   std::shared_ptr<IRecord> Stored(std::int32_t id) {
     auto record = pelkor::CreateIboProperties();
-    record->SetIboData(pelkor::IboDatabase::Open(dbPath)->Read(pelkor::IboTable::kMain, id));
+    record->SetIboData(pelkor::OpenIboStore(dbPath)->Read(pelkor::IboTable::kMain, id));
     return record;
   }
 };

@@ -32,14 +32,14 @@ TEST(CorruptRecord, LoadingDamagedBytesFailsTheLoadAndKeepsTheShownRecord) {
       "show 5 0\n"
       "show 6 0\n"
       "expect error.number = 5\n"
-      "expect error.source = \"PelkComn.IboProperties\"\n"
+      "expect error.source = \"PelkData.Ibo\"\n"
       "expect record.IboNumber = 500\n"
       "expect record.WIH = 2\n"
       "expect control.IboChanged = False\n"
       "expect db.5.0.IboNumber = 500\n");
   std::ostringstream out;
   EXPECT_EQ(RunScenarios({}, options, script, out), 0) << out.str();
-  EXPECT_NE(out.str().find("! error 5 \"PelkComn.IboProperties\""), std::string::npos) << out.str();
+  EXPECT_NE(out.str().find("! error 5 \"PelkData.Ibo\""), std::string::npos) << out.str();
   std::filesystem::remove_all(dir);
 }
 

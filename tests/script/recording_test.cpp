@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "advisor/scripted_engine.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
 
@@ -75,12 +75,13 @@ TEST_F(RecordingTest, AdvisorDataAndSizeCallsAreLoggedAndFail) {
   faults.Arm("advisor", "Evaluate");
   EXPECT_EQ(ErrorOf([&] { advisor.Evaluate(); }), "5 injected: advisor.Evaluate");
 
-  auto db = pelkor::IboDatabase::Open(":memory:");
+  auto db = pelkor::OpenIboStore(":memory:");
   RecordingData data(rec, pelkor::CreateDataAccess(db));
   auto record = pelkor::CreateIboProperties();
   record->Set("IboId", std::int32_t{7});
-  data.WriteIbo(record->GetIboData(), pelkedit::kProcMain);
+  db->Write(pelkor::IboTable::kMain, record->GetIboData());
   EXPECT_EQ(data.ReadIbo(7, pelkedit::kProcMain), record->GetIboData());
+  data.WriteIbo(record->GetIboData(), pelkedit::kProcMain);
   faults.Arm("data", "ReadIbo");
   EXPECT_EQ(ErrorOf([&] { data.ReadIbo(7, pelkedit::kProcMain); }), "5 injected: data.ReadIbo");
 
@@ -92,7 +93,7 @@ TEST_F(RecordingTest, AdvisorDataAndSizeCallsAreLoggedAndFail) {
       log.Lines(Kind::kCalls),
       (std::vector<std::string>{
           "advisor.WIH = 2", "advisor.Evaluate", "advisor.Evaluate",
-          "data.WriteIbo \"GetIboFromMainByIboID\"", "data.ReadIbo 7 \"GetIboFromMainByIboID\"",
+          "data.ReadIbo 7 \"GetIboFromMainByIboID\"", "data.WriteIbo \"GetIboFromMainByIboID\"",
           "data.ReadIbo 7 \"GetIboFromMainByIboID\"", "size.GetPhysicalSize"}));
 }
 

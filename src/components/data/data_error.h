@@ -6,6 +6,9 @@
 
 namespace pelkor::data_detail {
 
+// How messages name a database: its file in quotes, or "the in-memory database".
+std::string DescribeLocation(const std::string& path);
+
 // Error 5 from the data component with this description.
 [[noreturn]] void RaiseDataError(const std::string& description);
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 
 namespace pelkor::demo {
 

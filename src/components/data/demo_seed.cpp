@@ -125,7 +125,7 @@ pelkedit::Blob Encode(const Opportunity& o) {
 
 }  // namespace
 
-int SeedDemoData(IboDatabase& db) {
+int SeedDemoData(IIboStore& db) {
   std::vector<IboEntry> entries;
   for (const auto& group : {demo::OpenOpportunities(), demo::ClosedOpportunities()}) {
     for (const Opportunity& o : group) {

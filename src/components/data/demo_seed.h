@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 
 namespace pelkor {
 
@@ -8,6 +8,6 @@ namespace pelkor {
 // open, won, lost and cancelled, basic and expert mode, one in the archive. Opportunities the
 // database already holds (by id and table) are left as they are, so seeding twice adds
 // nothing. Returns how many were added.
-int SeedDemoData(IboDatabase& db);
+int SeedDemoData(IIboStore& db);
 
 }  // namespace pelkor

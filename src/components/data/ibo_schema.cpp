@@ -97,7 +97,7 @@ const char* TableSqlName(IboTable table) {
 }
 
 void PrepareDatabase(SQLite::Database& db, const std::string& path) {
-  const std::string refusal = "Cannot open the IBO database '" + path + "'";
+  const std::string refusal = "Cannot open the IBO database " + data_detail::DescribeLocation(path);
   WithSqlErrors(refusal, [&] {
     CheckIntegrity(db, refusal);
     const bool empty = CheckOwnership(db, refusal);

@@ -2,7 +2,11 @@
 
 #include <string>
 
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
+
+namespace SQLite {
+class Database;
+}
 
 namespace pelkor::data_detail {
 

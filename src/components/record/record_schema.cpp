@@ -188,6 +188,13 @@ std::optional<Refusal> CheckValue(const PropertyDef& def, const Variant& value) 
     return Refusal{pelkedit::errnum::kInvalidPropertyValue,
                    "Invalid property value: '" + def.info.name + "' is not valid UTF-8 text"};
   }
+  if (want == VariantType::kDate &&
+      !pelkedit::Date::IsRepresentable(value.AsDate().SecondsSinceEpoch())) {
+    return Refusal{pelkedit::errnum::kInvalidPropertyValue,
+                   "Invalid property value: '" + def.info.name + "' holds a date outside " +
+                       pelkedit::Date::Earliest().ToIso() + " to " +
+                       pelkedit::Date::Latest().ToIso()};
+  }
   if (want == VariantType::kLong && def.range &&
       (value.AsLong() < def.range->min || value.AsLong() > def.range->max)) {
     return Refusal{pelkedit::errnum::kInvalidPropertyValue,

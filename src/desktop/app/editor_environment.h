@@ -4,7 +4,7 @@
 #include <string>
 
 #include "advisor/scripted_engine.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "platform/object_factory.h"
 #include "platform/qt_platform.h"
 
@@ -28,7 +28,7 @@ class EditorEnvironment {
 
   QtPlatform& Platform() { return platform_; }
   // The database, opened at the first call; a file that cannot be opened is a PelkError.
-  std::shared_ptr<IboDatabase> Db() { return dbSource_(); }
+  std::shared_ptr<IIboStore> Db() { return dbSource_(); }
   // Records the editor has written through its data objects so far.
   int WritesDone() const { return *writes_; }
 

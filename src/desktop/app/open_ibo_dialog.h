@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 
 class QTableWidget;
 

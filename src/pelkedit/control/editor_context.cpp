@@ -2,9 +2,6 @@
 
 #include "control/navigation.h"
 #include "control/record_saving.h"
-#include "tabs/advisor/advisor_tab.h"
-#include "tabs/advisor/matrix_priority.h"
-#include "tabs/essentials/essentials_tab.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -53,7 +50,7 @@ void EditorContext::MarkIboAsDirty() {
   });
 }
 
-void EditorContext::CopyAdvisorResults(std::initializer_list<const char*> results) const {
+void EditorContext::CopyAdvisorResults(const std::vector<const char*>& results) const {
   IAdvisor& engine = Adv();
   IRecord& rec = Rec();
   for (const char* result : results) rec.Set(result, engine.Get(result));
@@ -68,14 +65,6 @@ void EditorContext::CenterControl(float left, Widget& ctl, const Widget& contain
 
 void EditorContext::InitTooltips() const {
   if (initTooltips) initTooltips();
-}
-
-void EditorContext::InitPage(TabPageId id) const {
-  if (TabPage* page = Page(id)) page->Init();
-}
-
-void EditorContext::SavePage(TabPageId id) const {
-  if (TabPage* page = Page(id)) page->Save();
 }
 
 }  // namespace pelkedit

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "contracts/advisor.h"
 #include "contracts/record.h"
@@ -20,9 +20,6 @@
 namespace pelkedit {
 
 class Navigation;
-class EssentialsTab;
-class MatrixPriority;
-class AdvisorTab;
 class RecordSaving;
 
 // What every tab and procedure of the component shares: state, widgets, collaborators, the
@@ -57,27 +54,36 @@ class EditorContext {
   void MarkIboAsDirty();
   // Writes the engine's results into the record properties of the same names, in the order
   // given (each change copies its own set, in its own order).
-  void CopyAdvisorResults(std::initializer_list<const char*> results) const;
+  void CopyAdvisorResults(const std::vector<const char*>& results) const;
   // Moves ctl to the left position and centres it vertically on container.
   void CenterControl(float left, Widget& ctl, const Widget& container);
-  // Question tooltips of the Sales Environment, set once at creation by the tab that owns
+  // Question tooltips of the Sales Environment, set once at creation by the page that owns
   // the questions.
   std::function<void()> initTooltips;
   void InitTooltips() const;
 
-  // The tabs' procedures.
+  // The engine's set-up at a load (InitAdvisor).
+  void InitAdvisor();
+
   std::unique_ptr<Navigation> navigation;
-  std::unique_ptr<EssentialsTab> essentials;
-  std::unique_ptr<MatrixPriority> matrix;
-  std::unique_ptr<AdvisorTab> advisorTab;
   std::unique_ptr<RecordSaving> saving;
-  // Tab pages that fill themselves from the record and collect their widgets back into it.
-  // A page that is not part of this build has no widgets to fill or collect.
-  std::array<std::unique_ptr<TabPage>, kTabPageCount> pages;
-  TabPage* Page(TabPageId id) const { return pages[static_cast<std::size_t>(id)].get(); }
-  // Fill or collect a page when it exists.
-  void InitPage(TabPageId id) const;
-  void SavePage(TabPageId id) const;
+  // Every page, in the order a load fills them.
+  std::vector<std::unique_ptr<TabPage>> pages;
+  // Calls `moment` on every page in list order; ForPagesOn only on the pages of one main tab
+  // (and, when `phase` is not kNoPhase, of one Sales Environment phase).
+  template <typename Moment>
+  void ForPages(Moment&& moment) const {
+    for (const auto& page : pages) moment(*page);
+  }
+  template <typename Moment>
+  void ForPagesOn(std::int32_t mainTab, std::int32_t phase, Moment&& moment) const {
+    for (const auto& page : pages) {
+      const TabPlace place = page->Place();
+      if (place.mainTab != mainTab) continue;
+      if (phase != tab::kNoPhase && place.phase != phase) continue;
+      moment(*page);
+    }
+  }
 };
 
 }  // namespace pelkedit

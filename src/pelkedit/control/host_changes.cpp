@@ -4,8 +4,6 @@
 #include "control/editor_context.h"
 #include "control/navigation.h"
 #include "dialogs/frm_start_date.h"
-#include "tabs/advisor/advisor_tab.h"
-#include "tabs/advisor/matrix_priority.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -15,10 +13,11 @@ void HostChanges::CopyBack() {
   ctx_.CopyAdvisorResults({"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult"});
 }
 
-void HostChanges::RefreshSalesAdvisorIfShown() {
-  if (ctx_.state.mainTab != Navigation::kSalesAdvisor) return;
-  ctx_.advisorTab->InitSalesCycleGraph();
-  ctx_.advisorTab->RefreshAdvisorMsg();
+// Every page takes the change in list order, then the pages of the current tab redraw.
+void HostChanges::TellPages(HostChange change) {
+  ctx_.ForPages([&](TabPage& page) { page.HostChanged(change); });
+  ctx_.ForPagesOn(ctx_.state.mainTab, tab::kNoPhase,
+                  [&](TabPage& page) { page.RedrawShown(change); });
 }
 
 void HostChanges::IboChangeStartDate() {
@@ -40,11 +39,8 @@ void HostChanges::IboChangeStartDate() {
 }
 
 void HostChanges::UpdateIboStartDateChanged() {
-  RunMethod(EditorContext::Proc("UpdateIboStartDateChanged"), [&] {
-    if (TabPage* close = ctx_.Page(TabPageId::kClose)) close->Refresh();
-    if (ctx_.state.mainTab == Navigation::kEssentials) ctx_.matrix->RefreshPriorityInfo(false);
-    RefreshSalesAdvisorIfShown();
-  });
+  RunMethod(EditorContext::Proc("UpdateIboStartDateChanged"),
+            [&] { TellPages(HostChange::kStartDate); });
 }
 
 void HostChanges::IboChangeStatus(std::int32_t status) {
@@ -64,8 +60,7 @@ void HostChanges::IboChangeStatus(std::int32_t status) {
 
 void HostChanges::UpdateIboStatusChanged(std::int32_t status) {
   RunMethod(EditorContext::Proc("UpdateIboStatusChanged"), [&] {
-    if (TabPage* close = ctx_.Page(TabPageId::kClose)) close->Refresh();
-    RefreshSalesAdvisorIfShown();
+    TellPages(HostChange::kStatus);
     IRecord& rec = ctx_.Rec();
     ctx_.events.SetFormCaption(FormCaption(rec.Get("IboNumber").AsLong(), rec.StatusText(status)));
     ctx_.events.SetIBOStatus(status);
@@ -98,11 +93,7 @@ void HostChanges::UpdateUpgradeToExpert() {
     auto& strip = ctx_.Get<PictureBox>("picMainTab");
     strip.ClearPicture();
     strip.SetPicture(ctx_.navigation->MainTabPicture(ctx_.state.mainTab));
-    ctx_.InitPage(TabPageId::kProbe);
-    ctx_.InitPage(TabPageId::kProve);
-    ctx_.InitPage(TabPageId::kClose);
-    ctx_.Get<Button>("cmdAdvisorSays").SetVisible(true);
-    RefreshSalesAdvisorIfShown();
+    TellPages(HostChange::kUpgrade);
   });
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "control/tab_page.h"
+
 namespace pelkedit {
 
 class EditorContext;
@@ -19,7 +21,7 @@ class HostChanges {
   void UpdateIboStatusChanged(std::int32_t status);
   void UpdateUpgradeToExpert();
   void CopyBack();
-  void RefreshSalesAdvisorIfShown();
+  void TellPages(HostChange change);
 
   EditorContext& ctx_;
 };

@@ -4,37 +4,12 @@
 
 #include "control/editor_context.h"
 #include "control/layout.h"
-#include "tabs/advisor/advisor_tab.h"
-#include "tabs/essentials/essentials_tab.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
 namespace {
 
-// Bitmap resources of the strips.
-constexpr std::int32_t kExpertStripFirst = 101;
-constexpr std::int32_t kNormalEssentials = 106;
-constexpr std::int32_t kNormalSalesAdvisor = 107;
-constexpr std::int32_t kNormalIboInfo = 108;
-constexpr std::int32_t kNormalIboNote = 109;
-constexpr std::int32_t kSEnvStripFirst = 110;
 constexpr std::int32_t kNoPicture = 0;
-
-// Strip widths in pixels.
-constexpr float kExpertStripWidth = 405;
-constexpr float kNormalStripWidth = 305;
-
-// Last pixel of each tab in the strips.
-constexpr std::int32_t kExpertBandEnds[] = {81, 162, 263, 347};
-constexpr std::int32_t kNormalEssentialsEnd = 82;
-constexpr std::int32_t kNormalSalesAdvisorEnd = 163;
-constexpr std::int32_t kNormalIboInfoEnd = 247;
-constexpr std::int32_t kProbeEnd = 43;
-constexpr std::int32_t kProveEnd = 88;
-
-const char* const kMainFrames[] = {"fraMainEssentials", "fraMainSalesAdvisor",
-                                   "fraMainSalesEnvironment", "fraMainIBOInfo", "fraMainIBONote"};
-const char* const kSEnvFrames[] = {"fraMainSEnvProbe", "fraMainSEnvProve", "fraMainSEnvClose"};
 
 // Mouse positions round to the nearest pixel, halves to the even neighbour.
 std::int32_t RoundHalfEven(float x) {
@@ -65,20 +40,12 @@ void Navigation::Wire() {
 
 void Navigation::LoadMainTabPictures(bool expert) {
   RunMethod(EditorContext::Proc("LoadMainTabPictures"), [&] {
-    auto& strip = ctx_.Get<PictureBox>("picMainTab");
-    mainTabPictures_.fill(kNoPicture);
-    if (expert) {
-      strip.SetWidth(kExpertStripWidth * kTwipsPerPixel);
-      for (std::int32_t i = 0; i < 5; ++i) {
-        mainTabPictures_[static_cast<std::size_t>(i)] = kExpertStripFirst + i;
-      }
-      return;
+    const TabStrip& strip = MainStrip(expert);
+    ctx_.Get<PictureBox>("picMainTab")
+        .SetWidth(static_cast<float>(strip.widthPixels) * kTwipsPerPixel);
+    for (std::int32_t i = 0; i < tab::kMainCount; ++i) {
+      mainTabPictures_[static_cast<std::size_t>(i)] = strip.PictureOf(i);
     }
-    strip.SetWidth(kNormalStripWidth * kTwipsPerPixel);
-    mainTabPictures_[kEssentials] = kNormalEssentials;
-    mainTabPictures_[kSalesAdvisor] = kNormalSalesAdvisor;
-    mainTabPictures_[kIboInfo] = kNormalIboInfo;
-    mainTabPictures_[kIboNote] = kNormalIboNote;
   });
 }
 
@@ -89,8 +56,8 @@ void Navigation::CleanupMainTabPictures() {
 
 void Navigation::LoadSEnvTabPictures() {
   RunMethod(EditorContext::Proc("LoadSEnvTabPictures"), [&] {
-    for (std::int32_t i = 0; i < 3; ++i) {
-      sEnvTabPictures_[static_cast<std::size_t>(i)] = kSEnvStripFirst + i;
+    for (std::int32_t i = 0; i < tab::kPhaseCount; ++i) {
+      sEnvTabPictures_[static_cast<std::size_t>(i)] = PhaseStrip().PictureOf(i);
     }
   });
 }
@@ -118,26 +85,13 @@ void Navigation::RefreshMainTab(std::int32_t index) {
 }
 
 std::int32_t Navigation::GetExpertMainTabIndex(std::int32_t x) {
-  return RunMethod(EditorContext::Proc("GetExpertMainTabIndex"), [&]() -> std::int32_t {
-    if (ctx_.state.expertView) {
-      for (std::int32_t tab = 0; tab < 4; ++tab) {
-        if (x <= kExpertBandEnds[tab]) return tab;
-      }
-      return kIboNote;
-    }
-    if (x <= kNormalEssentialsEnd) return kEssentials;
-    if (x <= kNormalSalesAdvisorEnd) return kSalesAdvisor;
-    if (x <= kNormalIboInfoEnd) return kIboInfo;
-    return kIboNote;
-  });
+  return RunMethod(EditorContext::Proc("GetExpertMainTabIndex"),
+                   [&] { return MainStrip(ctx_.state.expertView).BandAt(x).tab; });
 }
 
 std::int32_t Navigation::GetSEnvTabIndex(std::int32_t x) {
-  return RunMethod(EditorContext::Proc("GetSEnvTabIndex"), [&]() -> std::int32_t {
-    if (x <= kProbeEnd) return kProbe;
-    if (x <= kProveEnd) return kProve;
-    return kClose;
-  });
+  return RunMethod(EditorContext::Proc("GetSEnvTabIndex"),
+                   [&] { return PhaseStrip().BandAt(x).tab; });
 }
 
 void Navigation::PicMainTabMouseDown(float x) {
@@ -162,50 +116,25 @@ void Navigation::PicSEnvTabMouseDown(float x) {
   });
 }
 
-void Navigation::CollectMainTab() {
-  switch (ctx_.state.mainTab) {
-    case kSalesEnvironment:
-      if (ctx_.state.sEnvTab == kProbe) ctx_.SavePage(TabPageId::kProbe);
-      if (ctx_.state.sEnvTab == kClose) ctx_.SavePage(TabPageId::kClose);
-      return;
-    case kIboInfo:
-      ctx_.SavePage(TabPageId::kInfo);
-      return;
-    case kIboNote:
-      ctx_.SavePage(TabPageId::kNote);
-      return;
-    default:
-      return;
-  }
+void Navigation::CollectCurrentTab(CollectReason reason) {
+  const std::int32_t phase =
+      ctx_.state.mainTab == tab::kSalesEnvironment ? ctx_.state.sEnvTab : tab::kNoPhase;
+  ctx_.ForPagesOn(ctx_.state.mainTab, phase, [&](TabPage& page) { page.Collect(reason); });
 }
 
 void Navigation::ShowMainFrame(std::int32_t index) {
-  ctx_.Get<Frame>(kMainFrames[index]).SetVisible(true);
-  for (std::int32_t other = 0; other < 5; ++other) {
-    if (other != index) ctx_.Get<Frame>(kMainFrames[other]).SetVisible(false);
+  for (std::int32_t other = 0; other < tab::kMainCount; ++other) {
+    if (other != index) ctx_.Get<Frame>(MainFrameName(other)).SetVisible(false);
   }
+  ctx_.Get<Frame>(MainFrameName(index)).SetVisible(true);
 }
 
 void Navigation::SwitchMainTab(std::int32_t index) {
   RunMethod(EditorContext::Proc("SwitchMainTab"), [&] {
-    CollectMainTab();
+    CollectCurrentTab(CollectReason::kLeaving);
     ctx_.state.mainTab = index;
-    switch (index) {
-      case kEssentials:
-        ctx_.essentials->InitEssentialsTab();
-        break;
-      case kSalesAdvisor:
-        ctx_.advisorTab->InitSalesAdvisorTab();
-        break;
-      case kSalesEnvironment:
-        if (TabPage* close = ctx_.Page(TabPageId::kClose)) close->Refresh();
-        break;
-      case kIboInfo:
-      case kIboNote:
-        break;
-      default:
-        return;
-    }
+    if (index < 0 || index >= tab::kMainCount) return;
+    ctx_.ForPagesOn(index, tab::kNoPhase, [](TabPage& page) { page.Show(); });
     ShowMainFrame(index);
   });
 }
@@ -214,11 +143,11 @@ void Navigation::SwitchSEnvTab(std::int32_t index) {
   RunMethod(EditorContext::Proc("SwitchSEnvTab"), [&] {
     ctx_.state.sEnvTab = index;
     ctx_.Get<PictureBox>("picSEnvTab").BringToFront();
-    if (index < kProbe || index > kClose) return;
-    ctx_.Get<Frame>(kSEnvFrames[index]).SetVisible(true);
-    for (std::int32_t other = kProbe; other <= kClose; ++other) {
-      if (other != index) ctx_.Get<Frame>(kSEnvFrames[other]).SetVisible(false);
+    if (index < 0 || index >= tab::kPhaseCount) return;
+    for (std::int32_t other = 0; other < tab::kPhaseCount; ++other) {
+      if (other != index) ctx_.Get<Frame>(PhaseFrameName(other)).SetVisible(false);
     }
+    ctx_.Get<Frame>(PhaseFrameName(index)).SetVisible(true);
   });
 }
 

@@ -3,22 +3,15 @@
 #include <array>
 #include <cstdint>
 
+#include "control/tab_page.h"
+
 namespace pelkedit {
 
 class EditorContext;
 
-// Main tabs and Sales Environment sub-tabs: strip images, hit bands, switching.
+// Main tabs and Sales Environment phases: strip images, hit bands, switching.
 class Navigation {
  public:
-  static constexpr std::int32_t kEssentials = 0;
-  static constexpr std::int32_t kSalesAdvisor = 1;
-  static constexpr std::int32_t kSalesEnvironment = 2;
-  static constexpr std::int32_t kIboInfo = 3;
-  static constexpr std::int32_t kIboNote = 4;
-  static constexpr std::int32_t kProbe = 0;
-  static constexpr std::int32_t kProve = 1;
-  static constexpr std::int32_t kClose = 2;
-
   explicit Navigation(EditorContext& ctx);
   void Wire();
 
@@ -33,9 +26,9 @@ class Navigation {
   void SwitchSEnvTab(std::int32_t index);
   // The strip image of a main tab (error 9 outside 0..4).
   std::int32_t MainTabPicture(std::int32_t index) const;
-  // Collects what the current tab (and Sales Environment phase) still holds only in its
-  // widgets; Essentials and Sales Advisor collect nothing here.
-  void CollectMainTab();
+  // Asks the pages of the current tab (and Sales Environment phase) to write back what only
+  // their widgets still hold.
+  void CollectCurrentTab(CollectReason reason);
 
  private:
   void PicMainTabMouseDown(float x);
@@ -44,8 +37,8 @@ class Navigation {
   void ShowMainFrame(std::int32_t index);
 
   EditorContext& ctx_;
-  std::array<std::int32_t, 5> mainTabPictures_{};
-  std::array<std::int32_t, 3> sEnvTabPictures_{};
+  std::array<std::int32_t, tab::kMainCount> mainTabPictures_{};
+  std::array<std::int32_t, tab::kPhaseCount> sEnvTabPictures_{};
 };
 
 }  // namespace pelkedit

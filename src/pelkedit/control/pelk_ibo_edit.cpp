@@ -9,9 +9,7 @@
 #include "control/navigation.h"
 #include "control/record_saving.h"
 #include "locale/mod_locale.h"
-#include "tabs/advisor/advisor_tab.h"
-#include "tabs/advisor/matrix_priority.h"
-#include "tabs/essentials/essentials_tab.h"
+#include "tabs/pages.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -29,16 +27,15 @@ std::shared_ptr<T> CreateAs(IPlatform& platform, const char* progId) {
 PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
     : ctx_(std::make_unique<EditorContext>(platform, events)) {
   EditorContext& ctx = *ctx_;
-  BuildEditorLayout(ctx.widgets);
+  BuildEditorShell(ctx.widgets);
+  ctx.pages = CreatePages(ctx);
+  for (const auto& page : ctx.pages) page->Build(ctx.widgets, FrameOf(ctx.widgets, page->Place()));
+  BuildEditorButtons(ctx.widgets);
   ctx.navigation = std::make_unique<Navigation>(ctx);
-  ctx.essentials = std::make_unique<EssentialsTab>(ctx);
-  ctx.matrix = std::make_unique<MatrixPriority>(ctx);
-  ctx.advisorTab = std::make_unique<AdvisorTab>(ctx);
   ctx.saving = std::make_unique<RecordSaving>(ctx);
   ctx.navigation->Wire();
-  ctx.essentials->Wire();
-  ctx.advisorTab->Wire();
   ctx.saving->Wire();
+  for (const auto& page : ctx.pages) page->Wire();
 
   // UserControl_Initialize: every failing step is reported and creation goes on.
   ResumeNext statement(EditorContext::Proc("UserControl_Initialize"));
@@ -51,8 +48,8 @@ PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
   ctx.state.iboSaved = false;
   statement([&] { ctx.InitTooltips(); });
   statement([&] { ctx.navigation->LoadSEnvTabPictures(); });
-  statement([&] { ctx.navigation->SwitchSEnvTab(Navigation::kProbe); });
-  statement([&] { ctx.navigation->SwitchMainTab(Navigation::kEssentials); });
+  statement([&] { ctx.navigation->SwitchSEnvTab(tab::kProbe); });
+  statement([&] { ctx.navigation->SwitchMainTab(tab::kEssentials); });
   ctx.state.loading = false;
   statement.Leave();
 }
@@ -92,14 +89,7 @@ void PelkIboEdit::FormClose() {
 }
 
 void PelkIboEdit::InitIBOInfo() {
-  EditorContext& ctx = *ctx_;
-  RunMethod(EditorContext::Proc("InitIBOInfo"), [&] {
-    static const std::pair<const char*, std::int32_t> kContactLimits[] = {
-        {"txtConFirstName", 63}, {"txtConLastName", 63}, {"txtConCompany", 127},
-        {"txtConAddress", 255},  {"txtConEmail", 127},   {"txtConPhone", 63}};
-    for (const auto& [name, limit] : kContactLimits) ctx.Get<TextBox>(name).SetMaxLength(limit);
-    ctx.InitPage(TabPageId::kInfo);
-  });
+  ctx_->ForPagesOn(tab::kIboInfo, tab::kNoPhase, [](TabPage& page) { page.Load(); });
 }
 
 void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
@@ -108,35 +98,40 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
   RunMethod(proc, [&] {
     const MousePointer previous = ctx.platform.ScreenPointer();
     ctx.platform.SetScreenPointer(MousePointer::kHourglass);
-    // The user is never left with the hourglass, even when the load fails.
-    struct RestorePointer {
-      IPlatform& platform;
+    // A failed load leaves the user neither the hourglass nor a half-loaded record: the record
+    // object goes back to what it held, so a later save cannot write what was never shown.
+    struct Restore {
+      EditorContext& ctx;
       MousePointer pointer;
-      ~RestorePointer() {
-        if (std::uncaught_exceptions() > 0) platform.SetScreenPointer(pointer);
+      std::optional<Blob> record;
+      ~Restore() {
+        if (std::uncaught_exceptions() == 0) return;
+        ctx.platform.SetScreenPointer(pointer);
+        if (!record || !ctx.record) return;
+        // The load's own error is the one the host hears of; a record that cannot take back
+        // its own storage form leaves nothing better to report.
+        try {
+          ctx.record->SetIboData(*record);
+        } catch (const PelkError&) {
+        }
       }
-    } restore{ctx.platform, previous};
+    } restore{ctx, previous, std::nullopt};
 
     ctx.state.dbView = view;
     const std::string procName = ctx.saving->RetrievalProcedure(view, proc);
-    ctx.Rec().SetIboData(ctx.Data().ReadIbo(iboId, procName));
+    IRecord& rec = ctx.Rec();
+    Blob loaded = ctx.Data().ReadIbo(iboId, procName);
+    restore.record = rec.GetIboData();
+    rec.SetIboData(loaded);
     ctx.state.loading = true;
     ctx.state.iboChanged = false;
-    IRecord& rec = ctx.Rec();
     ctx.state.expertView = rec.Get("ExpertMode").AsBool();
-    ctx.Get<Button>("cmdAdvisorSays").SetVisible(ctx.state.expertView);
     ctx.navigation->LoadMainTabPictures(ctx.state.expertView);
-    ctx.navigation->RefreshMainTab(Navigation::kEssentials);
-    ctx.navigation->SwitchMainTab(Navigation::kEssentials);
-    ctx.advisorTab->InitAdvisor();
+    ctx.navigation->RefreshMainTab(tab::kEssentials);
+    ctx.navigation->SwitchMainTab(tab::kEssentials);
+    ctx.InitAdvisor();
     ctx.state.loadedStatus = rec.Get("Status").AsLong();
-    ctx.essentials->InitIboEssentials();
-    ctx.InitPage(TabPageId::kProbe);
-    ctx.InitPage(TabPageId::kProve);
-    ctx.InitPage(TabPageId::kClose);
-    InitIBOInfo();
-    ctx.InitPage(TabPageId::kNote);
-    ctx.advisorTab->RefreshAdvisorMsg();
+    ctx.ForPages([](TabPage& page) { page.Load(); });
     ctx.state.loading = false;
     ctx.events.SetFormCaption(FormCaptionOf(rec));
     ctx.events.SetIBOStatus(rec.Get("Status").AsLong());
@@ -156,10 +151,6 @@ std::shared_ptr<IRecord> PelkIboEdit::Record() const {
 }
 std::shared_ptr<IAdvisor> PelkIboEdit::Advisor() const {
   return ctx_->advisor;
-}
-
-void PelkIboEdit::InstallPage(TabPageId id, std::unique_ptr<TabPage> page) {
-  ctx_->pages[static_cast<std::size_t>(id)] = std::move(page);
 }
 
 std::optional<Variant> PelkIboEdit::StateByName(const std::string& name) const {

@@ -7,7 +7,6 @@
 
 #include "control/editor_events.h"
 #include "control/editor_state.h"
-#include "control/tab_page.h"
 #include "values/variant.h"
 #include "widgets/widget_registry.h"
 
@@ -49,9 +48,6 @@ class PelkIboEdit {
   // The collaborators the component holds now (null when one could not be created).
   std::shared_ptr<IRecord> Record() const;
   std::shared_ptr<IAdvisor> Advisor() const;
-  // Plugs in the page that fills and collects one of the Sales Environment phases, IBO Info
-  // or IBO Note.
-  void InstallPage(TabPageId id, std::unique_ptr<TabPage> page);
 
  private:
   std::unique_ptr<EditorContext> ctx_;

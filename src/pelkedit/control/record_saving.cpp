@@ -4,7 +4,6 @@
 
 #include "control/editor_context.h"
 #include "control/navigation.h"
-#include "tabs/essentials/essentials_tab.h"
 #include "trace/error_paths.h"
 #include "values/text.h"
 
@@ -45,14 +44,8 @@ void RecordSaving::SaveIBO() {
 }
 
 void RecordSaving::SaveAllTabs() {
-  RunMethod(EditorContext::Proc("SaveAllTabs"), [&] {
-    // Essentials commits its typed date here; leaving it by a tab press collects nothing.
-    if (ctx_.state.mainTab == Navigation::kEssentials) {
-      ctx_.essentials->SaveEssentialsTab();
-      return;
-    }
-    ctx_.navigation->CollectMainTab();
-  });
+  RunMethod(EditorContext::Proc("SaveAllTabs"),
+            [&] { ctx_.navigation->CollectCurrentTab(CollectReason::kSaving); });
 }
 
 // Not traced: an error passes straight to the caller.

@@ -1,24 +1,41 @@
 #pragma once
 
-#include <cstddef>
+#include "control/tab_strips.h"
 
 namespace pelkedit {
 
-// The Sales Environment phases and the IBO Info and Note tabs, which fill themselves at a
-// load and collect what their text fields still hold when they are left or saved.
-enum class TabPageId : std::size_t { kProbe, kProve, kClose, kInfo, kNote };
-inline constexpr std::size_t kTabPageCount = 5;
+class Frame;
+class WidgetRegistry;
 
+// The host changes a page may react to.
+enum class HostChange { kStartDate, kStatus, kUpgrade };
+// Why a page is asked to write back what only its widgets still hold.
+enum class CollectReason { kLeaving, kSaving };
+
+// One page of the editor: Essentials, Sales Advisor, a Sales Environment phase, IBO Info or
+// IBO Note. The editor holds its pages in one ordered list (the order a load fills them) and
+// walks it at every moment below; a page reacts to the moments it cares about.
 class TabPage {
  public:
   virtual ~TabPage() = default;
-  // InitSEnvProbe, InitSEnvProve, InitSEnvClose, InitContactInfo/InitProducts, InitIBONote.
-  virtual void Init() = 0;
-  // SaveSEnvProbeTab, SaveSEnvCloseTab, SaveIBOInfoTab, SaveIBONoteTab (Prove has nothing).
-  virtual void Save() = 0;
-  // InitCloseTab with the record's close state, run when the Sales Environment tab is shown
-  // and after host changes; only the Close phase has one.
-  virtual void Refresh() {}
+  // The main tab (and on the Sales Environment, the phase) the page is shown on.
+  virtual TabPlace Place() const = 0;
+  // Creates the page's widgets on its frame, positions in twips.
+  virtual void Build(WidgetRegistry& widgets, Frame& frame) = 0;
+  // Connects the widgets' events to the page's handlers.
+  virtual void Wire() {}
+  // A new engine has been set up from the record and evaluated, early in a load.
+  virtual void EngineReady() {}
+  // Fills the widgets from a freshly loaded record (Loading is set).
+  virtual void Load() {}
+  // The page's main tab became the current one.
+  virtual void Show() {}
+  // The page's tab is left, or the record is about to be saved.
+  virtual void Collect(CollectReason /*reason*/) {}
+  // A host change has reached the engine and the record (every page, in list order)...
+  virtual void HostChanged(HostChange /*change*/) {}
+  // ...then the pages of the current main tab redraw what it moved.
+  virtual void RedrawShown(HostChange /*change*/) {}
 };
 
 }  // namespace pelkedit

@@ -37,6 +37,13 @@ Civil CivilFromDays(std::int64_t z) {
 // Constant-initialised, so that dates built during other files' static initialisation are right.
 constexpr std::int64_t kEpochDaysFrom1970 = DaysFromCivil(1900, 1, 1);
 
+constexpr int kEarliestYear = 100;
+constexpr int kLatestYear = 9999;
+constexpr std::int64_t kEarliestSeconds =
+    (DaysFromCivil(kEarliestYear, 1, 1) - kEpochDaysFrom1970) * Date::kSecondsPerDay;
+constexpr std::int64_t kLatestSeconds =
+    (DaysFromCivil(kLatestYear, 12, 31) - kEpochDaysFrom1970 + 1) * Date::kSecondsPerDay - 1;
+
 std::int64_t FloorDiv(std::int64_t a, std::int64_t b) {
   const std::int64_t q = a / b;
   return (a % b != 0 && ((a < 0) != (b < 0))) ? q - 1 : q;
@@ -55,6 +62,16 @@ bool IsValidCivil(int year, int month, int day) {
   const Civil back = CivilFromDays(days);
   return back.year == y && back.month == static_cast<unsigned>(month) &&
          back.day == static_cast<unsigned>(day);
+}
+
+bool Date::IsRepresentable(std::int64_t seconds) {
+  return seconds >= kEarliestSeconds && seconds <= kLatestSeconds;
+}
+Date Date::Earliest() {
+  return Date(kEarliestSeconds);
+}
+Date Date::Latest() {
+  return Date(kLatestSeconds - kLatestSeconds % kSecondsPerDay);
 }
 
 Date Date::FromDayNumber(std::int32_t day) {

@@ -24,6 +24,11 @@ class Date {
   std::int32_t DayNumber() const;
   std::int64_t SecondsSinceEpoch() const { return seconds_; }
   static Date FromSeconds(std::int64_t seconds) { return Date(seconds); }
+  // Whether a count of seconds names a date from 0100-01-01 to 9999-12-31, the dates the
+  // editor's arithmetic and its day numbers can hold.
+  static bool IsRepresentable(std::int64_t seconds);
+  static Date Earliest();
+  static Date Latest();
 
   int Year() const;
   int Month() const;

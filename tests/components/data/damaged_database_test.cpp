@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "data/demo_seed.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "data_test_support.h"
 
 namespace pelkor {
@@ -31,7 +31,7 @@ void WriteFile(const std::string& path, const std::string& bytes) {
 // Opening `path` fails with error 5 naming the file and the reason, and changes no byte.
 void ExpectRefused(const std::string& path, const std::string& reason) {
   const std::string before = Contents(path);
-  const auto error = ErrorOf([&] { IboDatabase::Open(path); });
+  const auto error = ErrorOf([&] { OpenIboStore(path); });
   EXPECT_EQ(error.Number(), pelkedit::errnum::kInvalidProcedureCall);
   EXPECT_EQ(error.Source(), kDataErrorSource);
   EXPECT_THAT(error.Description(), StartsWith("Cannot open the IBO database '" + path + "': "));
@@ -47,13 +47,13 @@ TEST(DamagedDatabase, JunkBytesAreNotADatabase) {
     junk.push_back(static_cast<char>((i * 7919) % 251));
   }
   WriteFile(path, junk);
-  ExpectRefused(path, "the file is not a database");
+  ExpectRefused(path, "the file is not an IBO database");
 }
 
 TEST(DamagedDatabase, TruncatedDatabaseIsDamaged) {
   TempFolder folder;
   const std::string path = folder.File("truncated.db");
-  SeedDemoData(*IboDatabase::Open(path));  // closing the last connection folds the log back in
+  SeedDemoData(*OpenIboStore(path));  // closing the last connection folds the log back in
   ASSERT_FALSE(std::filesystem::exists(path + "-wal"));
   std::filesystem::resize_file(path, std::filesystem::file_size(path) / 2);
   ExpectRefused(path, "the database is damaged");
@@ -69,7 +69,7 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   ExpectRefused(foreign, "it is a database of another application");
 
   const std::string newer = folder.File("newer.db");
-  IboDatabase::Open(newer);
+  OpenIboStore(newer);
   {
     SQLite::Database db(newer, SQLite::OPEN_READWRITE);
     db.exec("PRAGMA user_version = 2");
@@ -77,7 +77,7 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   ExpectRefused(newer, "it has schema version 2 and this program reads version 1");
 
   const std::string gutted = folder.File("gutted.db");
-  IboDatabase::Open(gutted);
+  OpenIboStore(gutted);
   {
     SQLite::Database db(gutted, SQLite::OPEN_READWRITE);
     db.exec("DROP TABLE ibo_archive");
@@ -88,15 +88,15 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
 TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {
   TempFolder folder;
   const std::string fresh = folder.File("fresh.db");
-  EXPECT_TRUE(IboDatabase::Open(fresh)->ListIbos().empty());
+  EXPECT_TRUE(OpenIboStore(fresh)->ListIbos().empty());
   EXPECT_TRUE(std::filesystem::exists(fresh));
 
   const std::string nowhere = folder.File("no/such/folder/ibos.db");
-  const auto error = ErrorOf([&] { IboDatabase::Open(nowhere); });
+  const auto error = ErrorOf([&] { OpenIboStore(nowhere); });
   EXPECT_EQ(error.Description(), "Cannot open the IBO database '" + nowhere +
-                                     "': the file cannot be opened or created.");
-  EXPECT_EQ(ErrorOf([] { IboDatabase::Open(""); }).Description(),
-            "No IBO database file was named.");
+                                     "': the file cannot be opened or created. Check that its "
+                                     "folder exists and that you may write to it.");
+  EXPECT_EQ(ErrorOf([] { OpenIboStore(""); }).Description(), "No IBO database file was named.");
 }
 
 }  // namespace

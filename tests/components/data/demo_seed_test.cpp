@@ -18,7 +18,7 @@ using pelkedit::IRecord;
 
 constexpr std::int32_t kSlots = 10;
 
-std::shared_ptr<IRecord> Load(IboDatabase& db, const IboSummary& ibo) {
+std::shared_ptr<IRecord> Load(IIboStore& db, const IboSummary& ibo) {
   const auto record = CreateIboProperties();
   record->SetIboData(db.Read(ibo.archived ? IboTable::kArchive : IboTable::kMain, ibo.id));
   return record;
@@ -76,7 +76,7 @@ void ExpectShowable(IRecord& r, std::int32_t id) {
 }
 
 TEST(DemoSeed, SeedsAVariedDemonstrationOnceOnly) {
-  const auto db = IboDatabase::Open(":memory:");
+  const auto db = OpenIboStore(":memory:");
   const int added = SeedDemoData(*db);
   const auto list = db->ListIbos();
   EXPECT_EQ(added, static_cast<int>(list.size()));
@@ -119,7 +119,7 @@ TEST(DemoSeed, SeedsAVariedDemonstrationOnceOnly) {
 }
 
 TEST(DemoSeed, ReseedingKeepsTheUsersChanges) {
-  const auto db = IboDatabase::Open(":memory:");
+  const auto db = OpenIboStore(":memory:");
   SeedDemoData(*db);
   const IboSummary first = db->ListIbos().front();
   const auto record = Load(*db, first);

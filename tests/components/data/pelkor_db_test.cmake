@@ -36,7 +36,7 @@ endif()
 
 file(WRITE "${WORK}/junk.db" "this is a shopping list, not a database\n")
 run(1 list "${WORK}/junk.db")
-expect_match("${err}" "junk.db': the file is not a database")
+expect_match("${err}" "junk.db': the file is not an IBO database")
 run(1 list "${WORK}/missing.db")
 expect_match("${err}" "missing.db' does not exist")
 if(EXISTS "${WORK}/missing.db")

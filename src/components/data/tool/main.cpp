@@ -7,7 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "data/demo_seed.h"
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
 
@@ -16,7 +16,7 @@ namespace {
 constexpr int kExitFailure = 1;
 
 void Seed(const std::string& path) {
-  const auto db = pelkor::IboDatabase::Open(path);
+  const auto db = pelkor::OpenIboStore(path);
   const int added = pelkor::SeedDemoData(*db);
   const std::size_t total = db->ListIbos().size();
   std::cout << "Seeded '" << path << "': " << added << " IBO" << (added == 1 ? "" : "s")
@@ -29,7 +29,7 @@ void List(const std::string& path) {
     throw pelkedit::PelkError(pelkedit::errnum::kInvalidProcedureCall, pelkor::kDataErrorSource,
                               "The IBO database '" + path + "' does not exist.");
   }
-  const auto db = pelkor::IboDatabase::Open(path);
+  const auto db = pelkor::OpenIboStore(path);
   const auto record = pelkor::CreateIboProperties();  // for the status texts
   const auto ibos = db->ListIbos();
   if (ibos.empty()) {

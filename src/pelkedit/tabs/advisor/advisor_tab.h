@@ -1,27 +1,29 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include "control/tab_page.h"
 
 namespace pelkedit {
 
 class EditorContext;
 
-// The advisor engine's set-up at a load, the Sales Advisor tab (advice text and sales-cycle
-// graph) and the "Advisor says" button.
-class AdvisorTab {
+// The Sales Advisor page: the advice text and the sales-cycle graph.
+class AdvisorTab : public TabPage {
  public:
   explicit AdvisorTab(EditorContext& ctx) : ctx_(ctx) {}
-  void Wire();
 
-  void InitAdvisor();
+  TabPlace Place() const override { return {tab::kSalesAdvisor}; }
+  void Build(WidgetRegistry& widgets, Frame& frame) override;
+  void EngineReady() override { InitSalesCycleGraph(); }
+  // The advice is built last in a load, from what every other page filled.
+  void Load() override { RefreshAdvisorMsg(); }
+  void Show() override { InitSalesAdvisorTab(); }
+  void RedrawShown(HostChange change) override;
+
   void InitSalesAdvisorTab();
   void RefreshAdvisorMsg();
   void InitSalesCycleGraph();
 
  private:
-  void AdvisorSays(const char* procedure, bool showAdvisor);
-
   EditorContext& ctx_;
 };
 

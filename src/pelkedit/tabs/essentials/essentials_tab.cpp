@@ -1,8 +1,9 @@
 #include "tabs/essentials/essentials_tab.h"
 
+#include "control/answer.h"
 #include "control/editor_context.h"
+#include "control/page_layout.h"
 #include "locale/mod_locale.h"
-#include "tabs/advisor/matrix_priority.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -13,21 +14,56 @@ constexpr std::int32_t kLastWwihDay = 48211;  // 2031-12-31
 const char* const kLevels[] = {"Low", "Medium", "High"};
 constexpr std::int32_t kLevelCount = 3;
 
+const Answer kWih{"UpdateUserWIH",
+                  "WIH",
+                  "WIH",
+                  {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"}};
+const Answer kWwgi{"UpdateUserWWGI",
+                   "WWGI",
+                   "WWGI",
+                   {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"}};
+
+// The option groups of the two questions and the answers they commit.
+struct Question {
+  const char* prefix;
+  const Answer& answer;
+};
+const Question kQuestions[] = {{"optWih", kWih}, {"optWwgi", kWwgi}};
+
 }  // namespace
 
+void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
+  PageLayout page(widgets, frame);
+  constexpr float kOptionWidth = 110;
+  page.Caption("lblEssentWIH", 12, 10, 140, "Will It Happen?");
+  page.OptionColumn("optWih", 24, 30, kOptionWidth, kLevels);
+  page.Caption("lblEssentWWGI", 12, 104, 140, "Will We Get It?");
+  page.OptionColumn("optWwgi", 24, 124, kOptionWidth, kLevels);
+  page.Caption("lblEssentWWIH", 12, 198, 160, "When Will It Happen?");
+  page.Place<DateEdit>("deWwih", 24, 218, 120, layout::kFieldHeight);
+  page.Place<Calendar>("dtWwih", 24, 120, 230, 180).SetVisible(false);
+
+  page.Caption("lblEssentMatrix", 190, 10, 139, "Probability Matrix");
+  auto& matrix = page.Place<PictureBox>("picProbabilitMatrix", 190, 30, 139, 139);
+  constexpr float kSquare = 36;
+  for (const char* square : {"picPmUserSqr", "picPmAdvSqr", "picPmCmnSqr"}) {
+    page.PlaceInPicture<PictureBox>(square, matrix, 25, 40, kSquare, kSquare);
+  }
+  widgets.Get<PictureBox>("picPmAdvSqr").SetVisible(false);
+  widgets.Get<PictureBox>("picPmCmnSqr").SetVisible(false);
+
+  page.Caption("lblEssentPriority", 360, 10, 140, "Priority");
+  page.Place<PictureBox>("picUserPriority", 360, 30, 140, 140);
+  page.Place<PictureBox>("picAdvPriority", 360, 30, 140, 140).SetVisible(false);
+  auto& advisorSays = page.Place<Button>("cmdAdvisorSays", 360, 180, 140, 26);
+  advisorSays.SetCaption("Advisor says");
+  advisorSays.SetVisible(false);
+}
+
 void EssentialsTab::Wire() {
-  for (std::int32_t code = 0; code < kLevelCount; ++code) {
-    const std::string level = kLevels[code];
-    ctx_.Get<OptionButton>("optWih" + level).onClick = [this, code, level] {
-      RunHandler(EditorContext::Proc("optWih" + level + "_Click"), ctx_.platform, [&] {
-        if (!ctx_.state.loading) UpdateUserWIH(code);
-      });
-    };
-    ctx_.Get<OptionButton>("optWwgi" + level).onClick = [this, code, level] {
-      RunHandler(EditorContext::Proc("optWwgi" + level + "_Click"), ctx_.platform, [&] {
-        if (!ctx_.state.loading) UpdateUserWWGI(code);
-      });
-    };
+  for (const Question& question : kQuestions) {
+    WireOptionAnswer(ctx_, question.prefix, {kLevels[0], kLevels[1], kLevels[2]}, question.answer,
+                     [this] { Redraw(); });
   }
   auto& dateEdit = ctx_.Get<DateEdit>("deWwih");
   dateEdit.onLostFocus = [this] { DeWwihLostFocus(); };
@@ -40,11 +76,44 @@ void EssentialsTab::Wire() {
     RunHandler(EditorContext::Proc("dtWwih_LostFocus"), ctx_.platform,
                [&] { ctx_.Get<Calendar>("dtWwih").SetVisible(false); });
   };
+  auto& advisorSays = ctx_.Get<Button>("cmdAdvisorSays");
+  advisorSays.onMouseDown = [this](int, int, float, float) {
+    AdvisorSays("cmdAdvisorSays_MouseDown", true);
+  };
+  advisorSays.onMouseUp = [this](int, int, float, float) {
+    AdvisorSays("cmdAdvisorSays_MouseUp", false);
+  };
 }
 
-void EssentialsTab::SelectOption(const char* procedure, const std::string& prefix,
-                                 std::int32_t code) {
-  RunMethod(EditorContext::Proc(procedure), [&] {
+void EssentialsTab::Redraw() {
+  matrix_.RefreshMatrixInfo(false);
+  matrix_.RefreshPriorityInfo(false);
+}
+
+void EssentialsTab::AdvisorSays(const char* procedure, bool showAdvisor) {
+  RunHandler(EditorContext::Proc(procedure), ctx_.platform, [&] {
+    matrix_.RefreshMatrixInfo(showAdvisor);
+    matrix_.RefreshPriorityInfo(showAdvisor);
+  });
+}
+
+void EssentialsTab::Collect(CollectReason reason) {
+  if (reason == CollectReason::kSaving) SaveEssentialsTab();
+}
+
+void EssentialsTab::HostChanged(HostChange change) {
+  if (change == HostChange::kUpgrade) ctx_.Get<Button>("cmdAdvisorSays").SetVisible(true);
+}
+
+// A new start date moves the priority, not the matrix.
+void EssentialsTab::RedrawShown(HostChange change) {
+  if (change == HostChange::kStartDate) matrix_.RefreshPriorityInfo(false);
+}
+
+void EssentialsTab::SelectOption(const std::string& prefix, std::int32_t code) {
+  // "SetOptWihLow" and the like: one setter procedure per option.
+  const std::string option = prefix + kLevels[code];
+  RunMethod(EditorContext::Proc("SetO" + option.substr(1)), [&] {
     for (std::int32_t i = 0; i < kLevelCount; ++i) {
       ctx_.Get<OptionButton>(prefix + kLevels[i]).SetValue(i == code);
     }
@@ -53,55 +122,34 @@ void EssentialsTab::SelectOption(const char* procedure, const std::string& prefi
 
 void EssentialsTab::InitIboEssentials() {
   RunMethod(EditorContext::Proc("InitIboEssentials"), [&] {
-    ctx_.matrix->RefreshMatrixInfo(false);
-    ctx_.matrix->RefreshPriorityInfo(false);
     IRecord& rec = ctx_.Rec();
-    static const char* const kWihSetters[] = {"SetOptWihLow", "SetOptWihMedium", "SetOptWihHigh"};
-    static const char* const kWwgiSetters[] = {"SetOptWwgiLow", "SetOptWwgiMedium",
-                                               "SetOptWwgiHigh"};
-    const std::int32_t wih = rec.Get("WIH").AsLong();
-    if (wih >= 0 && wih < kLevelCount) SelectOption(kWihSetters[wih], "optWih", wih);
-    const std::int32_t wwgi = rec.Get("WWGI").AsLong();
-    if (wwgi >= 0 && wwgi < kLevelCount) SelectOption(kWwgiSetters[wwgi], "optWwgi", wwgi);
+    ctx_.Get<Button>("cmdAdvisorSays").SetVisible(ctx_.state.expertView);
+    Redraw();
+    for (const Question& question : kQuestions) {
+      const std::int32_t code = rec.Get(question.answer.property).AsLong();
+      if (code >= 0 && code < kLevelCount) SelectOption(question.prefix, code);
+    }
     auto& dateEdit = ctx_.Get<DateEdit>("deWwih");
     dateEdit.SetMinDay(kFirstWwihDay);
     dateEdit.SetMaxDay(kLastWwihDay);
-    dateEdit.SetDay(DayNumberOf(rec.Get("WwihDate").AsDate()));
+    const Date wwih = rec.Get("WwihDate").AsDate();
+    if (!dateEdit.InBounds(DayNumberOf(wwih))) {
+      Raise(errnum::kInvalidPropertyValue, "deWwih",
+            "IBO " + std::to_string(rec.Get("IboNumber").AsLong()) + " holds the WWIH date " +
+                wwih.ToIso() + ", outside the dates the calendar accepts (" +
+                GetDateFromLong(kFirstWwihDay).ToIso() + " to " +
+                GetDateFromLong(kLastWwihDay).ToIso() + ").");
+    }
+    dateEdit.SetDay(DayNumberOf(wwih));
   });
 }
 
 void EssentialsTab::InitEssentialsTab() {
-  RunMethod(EditorContext::Proc("InitEssentialsTab"), [&] {
-    ctx_.matrix->RefreshMatrixInfo(false);
-    ctx_.matrix->RefreshPriorityInfo(false);
-  });
+  RunMethod(EditorContext::Proc("InitEssentialsTab"), [&] { Redraw(); });
 }
 
 void EssentialsTab::SaveEssentialsTab() {
   RunMethod(EditorContext::Proc("SaveEssentialsTab"), [&] { DeWwihLostFocus(); });
-}
-
-void EssentialsTab::UpdateUserWIH(std::int32_t value) {
-  UpdateUserAnswer("UpdateUserWIH", "WIH", value);
-}
-
-void EssentialsTab::UpdateUserWWGI(std::int32_t value) {
-  UpdateUserAnswer("UpdateUserWWGI", "WWGI", value);
-}
-
-void EssentialsTab::UpdateUserAnswer(const char* procedure, const char* fact, std::int32_t value) {
-  RunMethod(EditorContext::Proc(procedure), [&] {
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(fact, value);
-    advisor.Evaluate();
-    if (!ctx_.state.loading) {
-      ctx_.Rec().Set(fact, value);
-      ctx_.CopyAdvisorResults({"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"});
-      ctx_.MarkIboAsDirty();
-    }
-    ctx_.matrix->RefreshMatrixInfo(false);
-    ctx_.matrix->RefreshPriorityInfo(false);
-  });
 }
 
 // A new WWIH date goes to the advisor first, then to the record with the advisor's results.
@@ -113,7 +161,7 @@ void EssentialsTab::ApplyWwihDate(const Date& newDate) {
   ctx_.CopyAdvisorResults(
       {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult", "UserPriority"});
   ctx_.MarkIboAsDirty();
-  ctx_.matrix->RefreshPriorityInfo(false);
+  matrix_.RefreshPriorityInfo(false);
 }
 
 // The typed date is committed when the field loses the focus and when the tab is collected.

@@ -1,4 +1,6 @@
-#include "data/ibo_database.h"
+#include <mutex>
+
+#include "data/ibo_store.h"
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -11,13 +13,16 @@
 
 namespace pelkor {
 
+using data_detail::DescribeLocation;
 using data_detail::RaiseDataError;
 using data_detail::TableSqlName;
 using data_detail::WithSqlErrors;
 using pelkedit::Blob;
 
+namespace {
+
 // The columns of one row, taken from the decoded record.
-struct IboDatabase::Row {
+struct Row {
   IboTable table = IboTable::kMain;
   std::int32_t id = 0;
   std::int32_t iboNumber = 0;
@@ -27,50 +32,52 @@ struct IboDatabase::Row {
   const Blob* data = nullptr;
 };
 
-namespace {
-
 // "IBO 42 from the main table" and the like, for messages.
 std::string Where(std::int32_t id, const char* preposition, IboTable table) {
   return "IBO " + std::to_string(id) + " " + preposition + " the " + IboTableName(table) + " table";
 }
 
+// One SQLite file holding the main and the archive table. Every write is one immediate
+// transaction.
+class SqliteIboStore final : public IIboStore {
+ public:
+  SqliteIboStore(std::string path, std::unique_ptr<SQLite::Database> db)
+      : path_(std::move(path)), db_(std::move(db)) {}
+
+  std::string Location() const override { return DescribeLocation(path_); }
+  std::optional<Blob> Find(IboTable table, std::int32_t id) override;
+  void Write(IboTable table, const Blob& data) override;
+  void Update(IboTable table, std::int32_t id, const Blob& data) override;
+  int AddMissing(const std::vector<IboEntry>& entries) override;
+  std::vector<IboSummary> ListIbos(std::optional<IboTable> only) override;
+
+ private:
+  Row Decode(const Blob& data, IboTable table) const;
+  // Inserts the row, or on an existing id replaces it or leaves it; returns rows changed.
+  int Upsert(const Row& row, bool replace);
+
+  std::string path_;
+  std::unique_ptr<SQLite::Database> db_;
+  std::mutex mutex_;
+};
+
 }  // namespace
 
-const char* IboTableName(IboTable table) {
-  return table == IboTable::kArchive ? "archive" : "main";
-}
-
-IboTable TableForProcedure(const std::string& procName) {
-  if (procName == pelkedit::kProcMain) {
-    return IboTable::kMain;
-  }
-  if (procName == pelkedit::kProcArchive) {
-    return IboTable::kArchive;
-  }
-  RaiseDataError("Unknown retrieval procedure \"" + procName + "\"; expected \"" +
-                 pelkedit::kProcMain + "\" or \"" + pelkedit::kProcArchive + "\".");
-}
-
-std::shared_ptr<IboDatabase> IboDatabase::Open(const std::string& path) {
+std::shared_ptr<IIboStore> OpenIboStore(const std::string& path) {
   if (path.empty()) {
     RaiseDataError("No IBO database file was named.");
   }
-  auto db = WithSqlErrors("Cannot open the IBO database '" + path + "'", [&] {
+  auto db = WithSqlErrors("Cannot open the IBO database " + DescribeLocation(path), [&] {
     return std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
                                               data_detail::kBusyTimeoutMs);
   });
   data_detail::PrepareDatabase(*db, path);
-  return std::shared_ptr<IboDatabase>(new IboDatabase(path, std::move(db)));
+  return std::make_shared<SqliteIboStore>(path, std::move(db));
 }
 
-IboDatabase::IboDatabase(std::string path, std::unique_ptr<SQLite::Database> db)
-    : path_(std::move(path)), db_(std::move(db)) {}
-
-IboDatabase::~IboDatabase() = default;
-
-std::optional<Blob> IboDatabase::Find(IboTable table, std::int32_t id) {
+std::optional<Blob> SqliteIboStore::Find(IboTable table, std::int32_t id) {
   std::lock_guard lock(mutex_);
-  const std::string action = "Cannot read " + Where(id, "from", table) + " of '" + path_ + "'";
+  const std::string action = "Cannot read " + Where(id, "from", table) + " of " + Location();
   return WithSqlErrors(action, [&]() -> std::optional<Blob> {
     SQLite::Statement query(
         *db_, std::string("SELECT data FROM ") + TableSqlName(table) + " WHERE id = ?");
@@ -84,22 +91,14 @@ std::optional<Blob> IboDatabase::Find(IboTable table, std::int32_t id) {
   });
 }
 
-Blob IboDatabase::Read(IboTable table, std::int32_t id) {
-  std::optional<Blob> data = Find(table, id);
-  if (!data) {
-    RaiseDataError("IBO " + std::to_string(id) + " was not found in the " + IboTableName(table) +
-                   " table.");
-  }
-  return std::move(*data);
-}
-
-IboDatabase::Row IboDatabase::Decode(const Blob& data, IboTable table) const {
+Row SqliteIboStore::Decode(const Blob& data, IboTable table) const {
   const auto record = CreateIboProperties();
   try {
     record->SetIboData(data);
   } catch (const pelkedit::PelkError& error) {
     RaiseDataError("The record to be written to the " + std::string(IboTableName(table)) +
-                   " table of '" + path_ + "' is not a valid IBO: " + error.Description());
+                   " table of " + Location() +
+                   " is not a valid IBO, so nothing was written: " + error.Description() + ".");
   }
   Row row;
   row.table = table;
@@ -112,7 +111,7 @@ IboDatabase::Row IboDatabase::Decode(const Blob& data, IboTable table) const {
   return row;
 }
 
-int IboDatabase::Upsert(const Row& row, bool replace) {
+int SqliteIboStore::Upsert(const Row& row, bool replace) {
   const std::string table = TableSqlName(row.table);
   const char* onConflict = replace
                                ? " ON CONFLICT(id) DO UPDATE SET ibo_number = excluded.ibo_number,"
@@ -132,24 +131,52 @@ int IboDatabase::Upsert(const Row& row, bool replace) {
   return insert.exec();
 }
 
-void IboDatabase::Write(IboTable table, const Blob& data) {
+void SqliteIboStore::Write(IboTable table, const Blob& data) {
   const Row row = Decode(data, table);
   std::lock_guard lock(mutex_);
-  WithSqlErrors("Cannot write " + Where(row.id, "to", table) + " of '" + path_ + "'", [&] {
+  WithSqlErrors("Cannot write " + Where(row.id, "to", table) + " of " + Location(), [&] {
     SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
     Upsert(row, true);
     transaction.commit();
   });
 }
 
-int IboDatabase::AddMissing(const std::vector<IboEntry>& entries) {
+void SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob& data) {
+  const Row row = Decode(data, table);
+  const std::string refusal = "Cannot save " + Where(id, "to", table) + " of " + Location();
+  if (row.id != id) {
+    RaiseDataError(refusal + ": the record carries the id " + std::to_string(row.id) +
+                   ", so nothing was written. Reopen the IBO and make the changes again.");
+  }
+  std::lock_guard lock(mutex_);
+  WithSqlErrors(refusal, [&] {
+    SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
+    SQLite::Statement update(*db_, std::string("UPDATE ") + TableSqlName(table) +
+                                       " SET ibo_number = ?, company = ?, status = ?, expert = ?,"
+                                       " data = ? WHERE id = ?");
+    update.bind(1, row.iboNumber);
+    update.bind(2, row.company);
+    update.bind(3, row.status);
+    update.bind(4, row.expert ? 1 : 0);
+    update.bind(5, row.data->data(), static_cast<int>(row.data->size()));
+    update.bind(6, id);
+    if (update.exec() == 0) {
+      RaiseDataError(refusal +
+                     ": the IBO is no longer there (it was deleted or moved), so "
+                     "nothing was written. Copy what you need from the editor before closing it.");
+    }
+    transaction.commit();
+  });
+}
+
+int SqliteIboStore::AddMissing(const std::vector<IboEntry>& entries) {
   std::vector<Row> rows;
   rows.reserve(entries.size());
   for (const IboEntry& entry : entries) {
     rows.push_back(Decode(entry.data, entry.table));
   }
   std::lock_guard lock(mutex_);
-  return WithSqlErrors("Cannot add IBOs to '" + path_ + "'", [&] {
+  return WithSqlErrors("Cannot add IBOs to " + Location(), [&] {
     SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
     int added = 0;
     for (const Row& row : rows) {
@@ -160,9 +187,9 @@ int IboDatabase::AddMissing(const std::vector<IboEntry>& entries) {
   });
 }
 
-std::vector<IboSummary> IboDatabase::ListIbos(std::optional<IboTable> only) {
+std::vector<IboSummary> SqliteIboStore::ListIbos(std::optional<IboTable> only) {
   std::lock_guard lock(mutex_);
-  return WithSqlErrors("Cannot list the IBOs of '" + path_ + "'", [&] {
+  return WithSqlErrors("Cannot list the IBOs of " + Location(), [&] {
     std::vector<IboSummary> list;
     for (const IboTable table : {IboTable::kMain, IboTable::kArchive}) {
       if (only && *only != table) {

@@ -1,7 +1,6 @@
 #include "contracts/advisor.h"
 #include "control/editor_context.h"
-#include "tabs/advisor/advisor_tab.h"
-#include "tabs/advisor/matrix_priority.h"
+#include "control/tab_page.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -46,29 +45,12 @@ const FactSource kExpertFacts[] = {
 
 }  // namespace
 
-void AdvisorTab::Wire() {
-  auto& button = ctx_.Get<Button>("cmdAdvisorSays");
-  button.onMouseDown = [this](int, int, float, float) {
-    AdvisorSays("cmdAdvisorSays_MouseDown", true);
-  };
-  button.onMouseUp = [this](int, int, float, float) {
-    AdvisorSays("cmdAdvisorSays_MouseUp", false);
-  };
-}
-
-void AdvisorTab::AdvisorSays(const char* procedure, bool showAdvisor) {
-  RunHandler(EditorContext::Proc(procedure), ctx_.platform, [&] {
-    ctx_.matrix->RefreshMatrixInfo(showAdvisor);
-    ctx_.matrix->RefreshPriorityInfo(showAdvisor);
-  });
-}
-
-void AdvisorTab::InitAdvisor() {
-  RunMethod(EditorContext::Proc("InitAdvisor"), [&] {
-    auto engine = std::dynamic_pointer_cast<IAdvisor>(ctx_.platform.CreateObject(kAdvisorProgId));
+void EditorContext::InitAdvisor() {
+  RunMethod(Proc("InitAdvisor"), [&] {
+    auto engine = std::dynamic_pointer_cast<IAdvisor>(platform.CreateObject(kAdvisorProgId));
     if (!engine) Raise(errnum::kTypeMismatch, kAdvisorProgId);
-    ctx_.advisor = engine;
-    IRecord& rec = ctx_.Rec();
+    advisor = engine;
+    IRecord& rec = Rec();
     for (const char* fact : kBasicFacts) engine->Set(fact, rec.Get(fact));
     if (engine->Get("ExpertMode").AsBool()) {
       for (const FactSource& source : kExpertFacts) {
@@ -76,16 +58,8 @@ void AdvisorTab::InitAdvisor() {
       }
     }
     engine->Evaluate();
-    ctx_.CopyAdvisorResults({"AdvisorWih", "AdvisorWwgi", "AdvisorPriority"});
-    InitSalesCycleGraph();
-  });
-}
-
-void AdvisorTab::InitSalesAdvisorTab() {
-  RunMethod(EditorContext::Proc("InitSalesAdvisorTab"), [&] {
-    ctx_.Adv().Evaluate();
-    InitSalesCycleGraph();
-    RefreshAdvisorMsg();
+    CopyAdvisorResults({"AdvisorWih", "AdvisorWwgi", "AdvisorPriority"});
+    ForPages([](TabPage& page) { page.EngineReady(); });
   });
 }
 

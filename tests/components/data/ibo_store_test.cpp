@@ -1,4 +1,4 @@
-#include "data/ibo_database.h"
+#include "data/ibo_store.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -24,17 +24,18 @@ void ExpectDataError(const pelkedit::PelkError& error, const std::string& descri
   EXPECT_EQ(error.Description(), description);
 }
 
-TEST(IboDatabase, RecordsSurviveWriteReadAndReopenOfAFile) {
+TEST(IboStore, RecordsSurviveWriteReadAndReopenOfAFile) {
   TempFolder folder;
   const std::string path = folder.File("ibos.db");
   const pelkedit::Blob original = MakeIbo(1001, "Harbor Freight Logistics");
   {
-    const auto data = CreateDataAccess(IboDatabase::Open(path));
-    data->WriteIbo(original, kMain);
+    const auto db = OpenIboStore(path);
+    db->Write(IboTable::kMain, original);
+    const auto data = CreateDataAccess(db);
     EXPECT_EQ(data->ReadIbo(1001, kMain), original);
     data->WriteIbo(MakeIbo(1001, "Harbor Freight Logistics West"), kMain);
   }
-  const auto db = IboDatabase::Open(path);
+  const auto db = OpenIboStore(path);
   EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 1001)), "Harbor Freight Logistics West");
   const auto list = db->ListIbos();
   ASSERT_EQ(list.size(), 1u);
@@ -47,22 +48,25 @@ TEST(IboDatabase, RecordsSurviveWriteReadAndReopenOfAFile) {
   EXPECT_EQ(raw.execAndGet("PRAGMA journal_mode").getString(), "wal");
 }
 
-TEST(IboDatabase, InMemoryDatabasesArePrivate) {
-  const auto first = CreateDataAccess(IboDatabase::Open(":memory:"));
-  const auto second = IboDatabase::Open(":memory:");
-  first->WriteIbo(MakeIbo(5, "Bluewater Marine Supply"), kMain);
-  EXPECT_EQ(CompanyOf(first->ReadIbo(5, kMain)), "Bluewater Marine Supply");
+TEST(IboStore, InMemoryDatabasesArePrivate) {
+  const auto first = OpenIboStore(":memory:");
+  const auto second = OpenIboStore(":memory:");
+  first->Write(IboTable::kMain, MakeIbo(5, "Bluewater Marine Supply"));
+  EXPECT_EQ(CompanyOf(first->Read(IboTable::kMain, 5)), "Bluewater Marine Supply");
   EXPECT_FALSE(second->Find(IboTable::kMain, 5).has_value());
 }
 
-TEST(IboDatabase, RetrievalProcedureSelectsMainOrArchive) {
-  const auto db = IboDatabase::Open(":memory:");
+TEST(IboStore, RetrievalProcedureSelectsMainOrArchive) {
+  const auto db = OpenIboStore(":memory:");
+  db->Write(IboTable::kMain, MakeIbo(7, "Live Company"));
+  db->Write(IboTable::kArchive, MakeIbo(7, "Archived Company"));
   const auto data = CreateDataAccess(db);
-  data->WriteIbo(MakeIbo(7, "Live Company"), kMain);
-  data->WriteIbo(MakeIbo(7, "Archived Company"), kArchive);
 
   EXPECT_EQ(CompanyOf(data->ReadIbo(7, kMain)), "Live Company");
   EXPECT_EQ(CompanyOf(data->ReadIbo(7, kArchive)), "Archived Company");
+  data->WriteIbo(MakeIbo(7, "Archived Company, corrected"), kArchive);
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 7)), "Live Company");
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kArchive, 7)), "Archived Company, corrected");
   const auto list = db->ListIbos();
   ASSERT_EQ(list.size(), 2u);
   EXPECT_FALSE(list[0].archived);
@@ -70,16 +74,14 @@ TEST(IboDatabase, RetrievalProcedureSelectsMainOrArchive) {
   EXPECT_EQ(db->ListIbos(IboTable::kArchive).size(), 1u);
 }
 
-TEST(IboDatabase, MissingRecordsAndUnknownProceduresAreClearErrors) {
-  const auto db = IboDatabase::Open(":memory:");
+TEST(IboStore, MissingRecordsAndUnknownProceduresAreClearErrors) {
+  const auto db = OpenIboStore(":memory:");
+  db->Write(IboTable::kMain, MakeIbo(42, "Only In Main"));
   const auto data = CreateDataAccess(db);
-  data->WriteIbo(MakeIbo(42, "Only In Main"), kMain);
 
   ExpectDataError(ErrorOf([&] { data->ReadIbo(41, kMain); }),
-                  "IBO 41 was not found in the main table.");
-  ExpectDataError(ErrorOf([&] { data->ReadIbo(42, kArchive); }),
-                  "IBO 42 was not found in the archive table.");
-
+                  "IBO 41 was not found in the main table of the in-memory database. Check the "
+                  "IBO number, or open the database that holds it.");
   const std::string unknown =
       "Unknown retrieval procedure \"GetIboFromTrashByIboID\"; expected "
       "\"GetIboFromMainByIboID\" or \"GetIboFromArchiveByIboID\".";
@@ -89,28 +91,63 @@ TEST(IboDatabase, MissingRecordsAndUnknownProceduresAreClearErrors) {
   EXPECT_EQ(db->ListIbos().size(), 1u);
 }
 
-TEST(IboDatabase, CorruptRecordIsRefusedBeforeAnythingIsWritten) {
-  const auto db = IboDatabase::Open(":memory:");
+// The editor's data-access object writes a record back only where it read it from: a save
+// after a failed load, or of a record that vanished meanwhile, writes nothing.
+TEST(IboStore, DataAccessNeverCreatesARecordItDidNotRead) {
+  const auto db = OpenIboStore(":memory:");
+  db->Write(IboTable::kMain, MakeIbo(42, "Read First"));
   const auto data = CreateDataAccess(db);
+
+  ExpectDataError(ErrorOf([&] { data->WriteIbo(MakeIbo(0, "Default"), kMain); }),
+                  "IBO 0 was not opened from the main table of the in-memory database, so it is "
+                  "not saved there: nothing was written. Open an IBO before saving it.");
+  data->ReadIbo(42, kMain);
+  ExpectDataError(ErrorOf([&] { data->WriteIbo(MakeIbo(42, "Elsewhere"), kArchive); }),
+                  "IBO 42 was not opened from the archive table of the in-memory database, so "
+                  "it is not saved there: nothing was written. Open an IBO before saving it.");
+  EXPECT_EQ(db->ListIbos().size(), 1u);
+
+  EXPECT_NO_THROW(data->WriteIbo(MakeIbo(42, "Saved"), kMain));
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 42)), "Saved");
+}
+
+TEST(IboStore, UpdateRefusesAVanishedRowAndAForeignId) {
+  TempFolder folder;
+  const std::string path = folder.File("ibos.db");
+  const auto db = OpenIboStore(path);
+  db->Write(IboTable::kMain, MakeIbo(8, "Eight"));
+  const auto wrongId = ErrorOf([&] { db->Update(IboTable::kMain, 8, MakeIbo(9, "Nine")); });
+  EXPECT_THAT(wrongId.Description(), HasSubstr("the record carries the id 9"));
+  {
+    SQLite::Database other(path, SQLite::OPEN_READWRITE);
+    other.exec("DELETE FROM ibo_main WHERE id = 8");
+  }
+  const auto gone = ErrorOf([&] { db->Update(IboTable::kMain, 8, MakeIbo(8, "Eight again")); });
+  EXPECT_THAT(gone.Description(), HasSubstr("the IBO is no longer there"));
+  EXPECT_TRUE(db->ListIbos().empty());
+}
+
+TEST(IboStore, CorruptRecordIsRefusedBeforeAnythingIsWritten) {
+  const auto db = OpenIboStore(":memory:");
   const pelkedit::Blob original = MakeIbo(5, "Original");
-  data->WriteIbo(original, kMain);
+  db->Write(IboTable::kMain, original);
 
   pelkedit::Blob cut = MakeIbo(5, "Replacement");
   cut.resize(cut.size() / 2);
   for (const pelkedit::Blob& bad :
        {cut, pelkedit::Blob{0xde, 0xad, 0xbe, 0xef}, pelkedit::Blob{}}) {
-    const auto error = ErrorOf([&] { data->WriteIbo(bad, kMain); });
+    const auto error = ErrorOf([&] { db->Write(IboTable::kMain, bad); });
     EXPECT_EQ(error.Source(), kDataErrorSource);
-    EXPECT_THAT(error.Description(), HasSubstr("is not a valid IBO"));
+    EXPECT_THAT(error.Description(), HasSubstr("is not a valid IBO, so nothing was written"));
   }
-  EXPECT_EQ(data->ReadIbo(5, kMain), original);
+  EXPECT_EQ(db->Read(IboTable::kMain, 5), original);
   EXPECT_EQ(db->ListIbos().size(), 1u);
 }
 
-TEST(IboDatabase, FailedWritesLeaveTheTablesAsTheyWere) {
+TEST(IboStore, FailedWritesLeaveTheTablesAsTheyWere) {
   TempFolder folder;
   const std::string path = folder.File("ibos.db");
-  const auto db = IboDatabase::Open(path);
+  const auto db = OpenIboStore(path);
   db->Write(IboTable::kMain, MakeIbo(5, "Before"));
   {
     // Another program's rule that refuses some rows stands in for a failing disk.
@@ -124,7 +161,9 @@ TEST(IboDatabase, FailedWritesLeaveTheTablesAsTheyWere) {
 
   const auto update = ErrorOf([&] { db->Write(IboTable::kMain, MakeIbo(5, "After")); });
   EXPECT_EQ(update.Description(),
-            "Cannot write IBO 5 to the main table of '" + path + "': refused by rule.");
+            "Cannot write IBO 5 to the main table of '" + path +
+                "': the database reported an error (refused by rule). Try again; if it keeps "
+                "failing, restore the database from a backup.");
   EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 5)), "Before");
 
   // The batch fails on its last row: the rows before it are rolled back as well.
@@ -137,8 +176,8 @@ TEST(IboDatabase, FailedWritesLeaveTheTablesAsTheyWere) {
   EXPECT_EQ(db->ListIbos().size(), 1u);
 }
 
-TEST(IboDatabase, FactoryCreatesDataAccessOverTheSharedDatabase) {
-  const auto db = IboDatabase::Open(":memory:");
+TEST(IboStore, FactoryCreatesDataAccessOverTheSharedDatabase) {
+  const auto db = OpenIboStore(":memory:");
   db->Write(IboTable::kArchive, MakeIbo(9001, "Old Mill Hardware"));
   pelkedit::ObjectFactory factory;
   RegisterDataComponent(factory, db);

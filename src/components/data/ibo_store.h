@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "contracts/record.h"
+#include "platform/object_factory.h"
+
+namespace pelkor {
+
+// Source of every error the data component raises.
+inline constexpr const char* kDataErrorSource = "PelkData.Ibo";
+
+// The two tables of an IBO database: live opportunities and the archive.
+enum class IboTable { kMain, kArchive };
+
+// Display name of a table in messages and listings ("main", "archive").
+const char* IboTableName(IboTable table);
+
+// The retrieval procedure name that selects a table; any other name is error 5.
+IboTable TableForProcedure(const std::string& procName);
+
+// One row of the "open IBO" list a host shows, taken from the indexed summary columns.
+struct IboSummary {
+  std::int32_t id = 0;
+  bool archived = false;
+  std::int32_t iboNumber = 0;
+  std::string company;
+  std::int32_t status = 0;
+  bool expert = false;
+};
+
+// A record in storage form bound for one table.
+struct IboEntry {
+  IboTable table = IboTable::kMain;
+  pelkedit::Blob data;
+};
+
+// Where the hosts, the tools and the data-access object keep IBOs: the main and the archive
+// table. Every write is atomic; a record is decoded before anything is written, so a corrupt
+// record is refused without touching storage. Failures are PelkErrors from "PelkData.Ibo"
+// naming the IBO, the store and what the user can do.
+class IIboStore {
+ public:
+  virtual ~IIboStore() = default;
+
+  // What the store is called in messages: its file, or its server.
+  virtual std::string Location() const = 0;
+  // The stored record, or nullopt when the table has no row with that id.
+  virtual std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id) = 0;
+  // Inserts or replaces the row whose id the record carries (tools and set-up).
+  virtual void Write(IboTable table, const pelkedit::Blob& data) = 0;
+  // Replaces the row `id` with a record that must carry that id; a row that is not there is
+  // refused and nothing is written (an editor never creates a record by saving).
+  virtual void Update(IboTable table, std::int32_t id, const pelkedit::Blob& data) = 0;
+  // Adds each record whose id its table does not hold yet, all in one transaction; rows that
+  // exist are left as they are. Returns how many rows were added.
+  virtual int AddMissing(const std::vector<IboEntry>& entries) = 0;
+  // Summaries of both tables (or of one), main before archive, each by id.
+  virtual std::vector<IboSummary> ListIbos(std::optional<IboTable> only = std::nullopt) = 0;
+
+  // The stored record; a missing row is error 5 naming the id, the table and the store.
+  pelkedit::Blob Read(IboTable table, std::int32_t id);
+};
+
+// The id a record in storage form carries; error 5 when the bytes are not a valid record.
+std::int32_t RecordIdOf(const pelkedit::Blob& data);
+
+// Opens the store a name gives: a SQLite file path (created when missing; ":memory:" for a
+// private in-memory one).
+std::shared_ptr<IIboStore> OpenIboStore(const std::string& name);
+
+// The data-access object ("PelkData.Ibo") over a store. It writes back only a record it has
+// read, into the row it was read from.
+// Where a data-access object finds its store; it may open it at first use, so that a
+// database that cannot be opened fails the editor's read or write, not its creation.
+using DatabaseSource = std::function<std::shared_ptr<IIboStore>()>;
+// Opens the database at `path` at the first call and keeps it; a failed open is tried again.
+DatabaseSource OpenOnFirstUse(std::string path);
+std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(DatabaseSource source);
+std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(std::shared_ptr<IIboStore> db);
+
+// Registers the data-access object under its programmatic identifier; every object created
+// shares `db`.
+void RegisterDataComponent(pelkedit::ObjectFactory& factory, std::shared_ptr<IIboStore> db);
+
+}  // namespace pelkor
