@@ -13,3 +13,8 @@ if(PELK_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
   add_link_options(-fsanitize=address,undefined)
 endif()
+# Fuzzing builds (scripts/fuzz.sh, clang only) instrument every library for libFuzzer's coverage.
+option(PELK_LIBFUZZER "Build the fuzz targets with libFuzzer (clang only)" OFF)
+if(PELK_LIBFUZZER)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

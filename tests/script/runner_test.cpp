@@ -49,7 +49,7 @@ TEST(Runner, ScriptErrorsNameTheLineAndStopTheFile) {
        {"frobnicate\n", "expect control.NoSuchField = 1\n", "click noSuchWidget\n",
         "engine rules\n", "config InstallPath \"C:\\\\\"\n", "competitors-dialog cancel\n",
         "fail lookup.Show\n", "fail record.Nope\n", "ibo 7 5\n", "expect record.Status 1\n",
-        "type txtIboNote \"open\n"}) {
+        "type txtIboNote \"open\n", "fill record.IboNote 2000000000\n"}) {
     const Outcome run = RunText(std::string("create\n") + bad + "expect focus = none\n");
     EXPECT_EQ(run.status, kScriptUnrunnable) << bad;
     EXPECT_NE(run.output.find("-:2: script error:"), std::string::npos) << bad << run.output;

@@ -149,6 +149,15 @@ TEST(RecordStorageTest, ForeignOrFutureOrCorruptBytesAreRefused) {
   outsideRing[ringAt] = 10;
   ExpectRefused(*record, outsideRing, "'TrialCloseFirst' takes 0 to 9, not 10");
 
+  // Dates the editor's arithmetic cannot hold, at both ends of the 64-bit count.
+  const std::size_t dateAt =
+      OffsetOfChange([](auto& r) { r.Set("WwihDate", pelkedit::Date::FromDayNumber(1)); });
+  for (const std::uint8_t fill : {std::uint8_t{0x7F}, std::uint8_t{0x80}}) {
+    Blob farDate = good;
+    std::fill_n(farDate.begin() + static_cast<std::ptrdiff_t>(dateAt), 8, fill);
+    ExpectRefused(*record, farDate, "'WwihDate' holds a date outside 0100-01-01 to 9999-12-31");
+  }
+
   ExpectRefused(*record, Blob{}, "truncated at byte 0");
 }
 
