@@ -50,21 +50,52 @@ MsgAnswer CancellingAnswer(MsgButtons buttons) {
   }
 }
 
-void RunStep(const DialogStep& step, pelkedit::ModalDialog& dialog) {
-  auto& widgets = dialog.Widgets();
-  switch (step.kind) {
-    case DialogStep::Kind::kSetDay:
-      widgets.Get<pelkedit::DayValued>("dteStartDate").UserSetDay(step.day);
-      return;
-    case DialogStep::Kind::kSave:
-      widgets.Get<pelkedit::Button>("cmdSave").UserClick();
-      return;
-    case DialogStep::Kind::kCancel:
-      widgets.Get<pelkedit::Button>("cmdCancel").UserClick();
-      return;
-    case DialogStep::Kind::kClose:
-      dialog.CloseBox();
-      return;
+// Fills a field as the user would: a day number into a date field, text into a text box.
+void FillField(pelkedit::Widget& field, const pelkedit::Variant& value) {
+  if (auto* date = dynamic_cast<pelkedit::DayValued*>(&field)) {
+    date->UserSetDay(value.AsLong());
+    return;
+  }
+  if (auto* text = dynamic_cast<pelkedit::TextBox*>(&field)) {
+    text->SetFocus();
+    text->UserType(value.AsString());
+    return;
+  }
+  throw pelkedit::PelkError(pelkedit::errnum::kTypeMismatch, kPlatformSource,
+                            field.Name() + " takes no typed value");
+}
+
+void Press(pelkedit::ModalDialog& dialog, const std::string& button) {
+  if (button.empty()) {
+    dialog.CloseBox();
+    return;
+  }
+  dialog.Widgets().Get<pelkedit::Button>(button).UserClick();
+}
+
+// Runs the steps in order while the dialog stays open.
+void RunSteps(const std::vector<DialogStep>& steps, pelkedit::ModalDialog& dialog) {
+  const std::vector<std::string> fields = dialog.InputFields();
+  for (const DialogStep& step : steps) {
+    if (!dialog.IsOpen()) return;
+    switch (step.kind) {
+      case DialogStep::Kind::kField:
+        if (step.field >= fields.size()) {
+          throw pelkedit::PelkError(pelkedit::errnum::kSubscriptOutOfRange, kPlatformSource,
+                                    dialog.Name() + " has no field " + std::to_string(step.field));
+        }
+        FillField(dialog.Widgets().Get<pelkedit::Widget>(fields[step.field]), step.value);
+        break;
+      case DialogStep::Kind::kAccept:
+        Press(dialog, dialog.DefaultButton());
+        break;
+      case DialogStep::Kind::kCancel:
+        Press(dialog, dialog.CancelButton());
+        break;
+      case DialogStep::Kind::kClose:
+        dialog.CloseBox();
+        break;
+    }
   }
 }
 
@@ -205,15 +236,13 @@ void ScriptedPlatform::ShowModal(pelkedit::ModalDialog& dialog) {
   Fault("ShowModal");
   log_.Add(WorldLog::Kind::kCalls, "dialog " + dialog.Name() + " shown");
   std::vector<DialogStep> steps;
-  if (dialog.Name() == kStartDateDialogName && !startDateDialogs_.empty()) {
-    steps = std::move(startDateDialogs_.front());
-    startDateDialogs_.pop_front();
+  auto& queued = dialogs_[dialog.Name()];
+  if (!queued.empty()) {
+    steps = std::move(queued.front());
+    queued.pop_front();
   }
   dialog.Open();
-  for (const auto& step : steps) {
-    if (!dialog.IsOpen()) break;
-    RunStep(step, dialog);
-  }
+  RunSteps(steps, dialog);
   if (dialog.IsOpen()) dialog.CloseBox();
 }
 

@@ -3,24 +3,30 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/object_factory.h"
 #include "platform/platform.h"
+#include "values/variant.h"
 #include "world_log.h"
 
 namespace pelkscript {
 
-// What the user does in one start-date dialog.
+// What the user does in one modal dialog, without naming its widgets: fill an input field
+// by its position among the dialog's fields (a day number into a date field, text into a text
+// box), press the default or the cancel button, or close the window with its close box.
 struct DialogStep {
-  enum class Kind { kSetDay, kSave, kCancel, kClose };
+  enum class Kind { kField, kAccept, kCancel, kClose };
+  explicit DialogStep(Kind k) : kind(k) {}
+  DialogStep(std::size_t fieldPosition, pelkedit::Variant v)
+      : kind(Kind::kField), field(fieldPosition), value(std::move(v)) {}
   Kind kind;
-  std::int32_t day = 0;
+  std::size_t field = 0;
+  pelkedit::Variant value;
 };
-
-inline constexpr const char* kStartDateDialogName = "frmStartDate";
 inline constexpr const char* kPlatformSource = "ScriptedPlatform";
 // The handle the scripted host window answers with.
 inline constexpr std::int32_t kScriptedHostWindow = 0x00010F2A;
@@ -36,8 +42,10 @@ class ScriptedPlatform : public pelkedit::IPlatform {
   void SetLocaleFails();
   void SetLocaleAnswer(std::string rawAnswer);
   void QueueAnswer(pelkedit::MsgAnswer answer) { answers_.push_back(answer); }
-  void QueueStartDateSteps(std::vector<DialogStep> steps) {
-    startDateDialogs_.push_back(std::move(steps));
+  // What the user does in the next dialog of that name; a dialog with nothing queued is
+  // closed with its close box.
+  void QueueDialog(const std::string& dialogName, std::vector<DialogStep> steps) {
+    dialogs_[dialogName].push_back(std::move(steps));
   }
   // Told when a box needed an answer that was not queued (or did not fit); the box is then
   // answered with its cancelling button.
@@ -77,7 +85,7 @@ class ScriptedPlatform : public pelkedit::IPlatform {
   std::string localeAnswer_;
   pelkedit::MousePointer pointer_ = pelkedit::MousePointer::kDefault;
   std::deque<pelkedit::MsgAnswer> answers_;
-  std::deque<std::vector<DialogStep>> startDateDialogs_;
+  std::map<std::string, std::deque<std::vector<DialogStep>>> dialogs_;
 };
 
 // The default clock of a fresh world.

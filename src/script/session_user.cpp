@@ -1,6 +1,7 @@
 // What the user does with the component's widgets, and the answers queued for modal boxes.
 #include <cctype>
 
+#include "dialogs/frm_start_date.h"
 #include "session.h"
 #include "widgets/controls.h"
 
@@ -155,18 +156,18 @@ void Session::StartDateDialog(const Words& w) {
     const std::string& step = Bare(w[i]);
     if (step == "setday") {
       if (++i >= w.size()) throw ScriptError("startdate-dialog: setday needs a day number");
-      steps.push_back({DialogStep::Kind::kSetDay, ParseInt(w[i].raw)});
+      steps.emplace_back(0, ParseInt(w[i].raw));  // the dialog's one date field
     } else if (step == "save") {
-      steps.push_back({DialogStep::Kind::kSave, 0});
+      steps.emplace_back(DialogStep::Kind::kAccept);
     } else if (step == "cancel") {
-      steps.push_back({DialogStep::Kind::kCancel, 0});
+      steps.emplace_back(DialogStep::Kind::kCancel);
     } else if (step == "close") {
-      steps.push_back({DialogStep::Kind::kClose, 0});
+      steps.emplace_back(DialogStep::Kind::kClose);
     } else {
       throw ScriptError("startdate-dialog: unknown step " + step);
     }
   }
-  world_.platform.QueueStartDateSteps(std::move(steps));
+  world_.platform.QueueDialog(pelkedit::FrmStartDate::kName, std::move(steps));
 }
 
 }  // namespace pelkscript

@@ -105,7 +105,7 @@ TEST_F(ScriptedPlatformTest, UnansweredOrMisfitAnswersAreReportedAndCancel) {
   EXPECT_EQ(problems.size(), 2U);
 }
 
-// A dialog shaped like the start-date dialog: save closes it when the day is in bounds.
+// A dialog the runner knows nothing of: save closes it when the day is in bounds.
 class DayDialog : public pelkedit::ModalDialog {
  public:
   DayDialog() {
@@ -118,7 +118,10 @@ class DayDialog : public pelkedit::ModalDialog {
     };
     Widgets().Make<pelkedit::Button>("cmdCancel").onClick = [this] { Close(); };
   }
-  std::string Name() const override { return kStartDateDialogName; }
+  std::string Name() const override { return "dlgDay"; }
+  std::string DefaultButton() const override { return "cmdSave"; }
+  std::string CancelButton() const override { return "cmdCancel"; }
+  std::vector<std::string> InputFields() const override { return {"dteStartDate"}; }
   std::string Caption() const override { return "Change Start Date"; }
   int WidthPixels() const override { return 1; }
   int HeightPixels() const override { return 1; }
@@ -130,10 +133,10 @@ class DayDialog : public pelkedit::ModalDialog {
   void OnLoad() override { loaded = true; }
 };
 
-TEST_F(ScriptedPlatformTest, StartDateDialogRunsItsQueuedStepsWhileOpen) {
+TEST_F(ScriptedPlatformTest, AnyDialogRunsItsQueuedStepsWhileOpen) {
   using Kind = DialogStep::Kind;
-  platform.QueueStartDateSteps(
-      {{Kind::kSetDay, 15}, {Kind::kSetDay, 99}, {Kind::kSave, 0}, {Kind::kSetDay, 11}});
+  platform.QueueDialog("dlgDay", {DialogStep(0, 15), DialogStep(0, 99), DialogStep(Kind::kAccept),
+                                  DialogStep(0, 11)});
   DayDialog first;
   platform.ShowModal(first);
   EXPECT_TRUE(first.loaded);
@@ -148,7 +151,7 @@ TEST_F(ScriptedPlatformTest, StartDateDialogRunsItsQueuedStepsWhileOpen) {
   EXPECT_FALSE(second.saved);
   EXPECT_FALSE(second.IsOpen());
   EXPECT_EQ(log.Lines(WorldLog::Kind::kCalls),
-            (std::vector<std::string>{"dialog frmStartDate shown", "dialog frmStartDate shown"}));
+            (std::vector<std::string>{"dialog dlgDay shown", "dialog dlgDay shown"}));
 }
 
 TEST_F(ScriptedPlatformTest, HostCallsAreRecordedAndCanBeMadeToFail) {

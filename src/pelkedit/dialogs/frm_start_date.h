@@ -14,11 +14,14 @@ class FrmStartDate : public ModalDialog {
  public:
   explicit FrmStartDate(IPlatform& platform);
 
-  std::string Name() const override { return "frmStartDate"; }
+  static constexpr const char* kName = "frmStartDate";
+  std::string Name() const override { return kName; }
   std::string Caption() const override { return "Change Start Date"; }
   int WidthPixels() const override;
   int HeightPixels() const override;
   std::string DefaultButton() const override { return "cmdSave"; }
+  std::string CancelButton() const override { return "cmdCancel"; }
+  std::vector<std::string> InputFields() const override { return {"dteStartDate"}; }
 
   void DialogInit(const Date& start, const Date& wwihDate);
   Date StartDate() const { return startDate_; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "widgets/widget_registry.h"
 
@@ -17,6 +18,11 @@ class ModalDialog {
   virtual int HeightPixels() const = 0;
   // The button that Enter presses ("" for none); Escape works as the window's close box.
   virtual std::string DefaultButton() const { return ""; }
+  // The button that dismisses the dialog without accepting ("" for none).
+  virtual std::string CancelButton() const { return ""; }
+  // The widgets the user fills in, in the order a person would fill them; hosts that drive a
+  // dialog without knowing it (the scenario runner) fill them by position.
+  virtual std::vector<std::string> InputFields() const { return {}; }
   WidgetRegistry& Widgets() { return widgets_; }
   bool IsOpen() const { return open_; }
   // The host calls this as it shows the dialog (the form's load event).
