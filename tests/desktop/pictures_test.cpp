@@ -39,42 +39,6 @@ int Lightness(const QImage& image, int x, int y) {
   return image.pixelColor(x, y).lightness();
 }
 
-// Pictures side by side (`perRow` to a row), enlarged so that pixels can be judged by eye.
-QImage Sheet(const std::vector<int>& ids, int perRow) {
-  constexpr int kGap = 6;
-  constexpr int kZoom = 2;
-  int width = 0, height = 0, rowWidth = 0, rowHeight = 0, inRow = 0;
-  for (int id : ids) {
-    const QSize size = DrawPicture(id).size();
-    rowWidth += size.width() + kGap;
-    rowHeight = std::max(rowHeight, size.height() + kGap);
-    if (++inRow == perRow) {
-      width = std::max(width, rowWidth);
-      height += rowHeight;
-      rowWidth = rowHeight = inRow = 0;
-    }
-  }
-  width = std::max(width, rowWidth);
-  height += rowHeight;
-  QImage sheet(width, height, QImage::Format_RGB32);
-  sheet.fill(Qt::white);
-  QPainter painter(&sheet);
-  int x = 0, y = 0;
-  rowHeight = inRow = 0;
-  for (int id : ids) {
-    const QPixmap pixmap = DrawPicture(id);
-    painter.drawPixmap(x, y, pixmap);
-    x += pixmap.width() + kGap;
-    rowHeight = std::max(rowHeight, pixmap.height() + kGap);
-    if (++inRow == perRow) {
-      x = inRow = 0;
-      y += rowHeight;
-      rowHeight = 0;
-    }
-  }
-  painter.end();
-  return sheet.scaled(sheet.size() * kZoom, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-}
 
 }  // namespace
 
@@ -163,26 +127,6 @@ class PicturesTest : public QObject {
       QVERIFY(user.pixelColor(10, 70).lightness() > 200);
       QVERIFY(advisor.pixelColor(10, 70).lightness() < 100);
     }
-  }
-
-  // Not a check: writes every picture for a person to look at.
-  void writesScreenshots() {
-    const QString folder = QDir::temp().filePath("pelk_pictures");
-    QVERIFY(QDir().mkpath(folder));
-    for (int id = picture::kExpertStripFirst; id <= picture::kAdvisorPriorityLast; ++id) {
-      QVERIFY(DrawPicture(id).save(folder + QString("/%1.png").arg(id)));
-    }
-    for (int id = picture::kMatrix; id <= picture::kCycleMarker; ++id) {
-      QVERIFY(DrawPicture(id).save(folder + QString("/%1.png").arg(id)));
-    }
-    QVERIFY(Sheet({101, 102, 103, 104, 105, 106, 107, 108, 109, 110, 111, 112}, 1)
-                .save(folder + "/sheet_strips.png"));
-    QVERIFY(Sheet({113, 114, 115, 116, 117, 118, 119, 120, 121, 122}, 5)
-                .save(folder + "/sheet_priorities.png"));
-    QVERIFY(Sheet({picture::kMatrix, picture::kSalesCycle, picture::kUserSquare,
-                   picture::kAdvisorSquare, picture::kCommonSquare, picture::kCycleMarker},
-                  6)
-                .save(folder + "/sheet_matrix_graph.png"));
   }
 };
 

@@ -74,16 +74,22 @@ TEST(Runner, ObservingWhatTheComponentCannotGiveIsAScriptErrorOnItsLine) {
   EXPECT_EQ(LastLine(run.output), "0 passed, 1 failed");
 }
 
-TEST(Runner, UnansweredSavePromptCountsAsFailure) {
+TEST(Runner, UnansweredOrMisfitSavePromptCountsAsFailureAndCancels) {
   const Outcome run = RunText(
       "ibo 7 0\n"
       "create\n"
       "show 7 0\n"
       "call IboChangeStatus 2\n"
-      "call FormClose\n");
+      "call FormClose\n"
+      "answer OK\n"
+      "call FormClose\n"
+      "expect control.IboChanged = True\n");
   EXPECT_EQ(run.status, kExpectationsFailed);
   EXPECT_NE(run.output.find("FAILED -:5: unanswered message box"), std::string::npos);
-  EXPECT_EQ(LastLine(run.output), "0 passed, 1 failed");
+  EXPECT_NE(run.output.find("FAILED -:7: answer OK does not fit message box"),
+            std::string::npos)
+      << run.output;
+  EXPECT_EQ(LastLine(run.output), "1 passed, 2 failed");
 }
 
 TEST(Runner, EachFileRunsInAFreshWorldUnlessADatabaseFileIsShared) {
