@@ -25,7 +25,7 @@ constexpr const char* kScreenshotsOption = "--screenshots";
 struct Options {
   std::string db;
   std::optional<std::int32_t> ibo;
-  std::int32_t view = pelkor::desktop::kMainView;
+  std::int32_t view = pelkedit::view::kMain;
   std::string screenshots;
 };
 
@@ -90,7 +90,7 @@ int main(int argc, char** argv) {
   cli.add_option("--db", options.db, "database file (default: the demo database)");
   cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
   cli.add_option("--view", options.view, "view code: 0 to 2 main table, 3 archive")
-      ->check(CLI::Range(0, pelkor::desktop::kArchiveView));
+      ->check(CLI::Range(0, pelkedit::view::kArchive));
   cli.add_option(kScreenshotsOption, options.screenshots,
                  "write a PNG of every tab to this folder and exit");
   try {

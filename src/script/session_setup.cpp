@@ -10,9 +10,6 @@
 namespace pelkscript {
 namespace {
 
-constexpr std::int32_t kLastMainView = 2;
-constexpr std::int32_t kArchiveView = 3;
-
 const std::set<std::string>& TraceOperations() {
   static const std::set<std::string> ops{
       "LastErrorNumber", "ReportError",   "EnterProc", "LeaveProc", "InvalidArgumentErrorNumber",
@@ -54,10 +51,11 @@ bool KnownOperation(const std::string& object, const std::string& operation) {
 }  // namespace
 
 std::string ProcedureForView(std::int32_t view) {
-  if (view < 0 || view > kArchiveView) {
+  const char* name = pelkedit::RetrievalProcedureOf(view);
+  if (name == nullptr) {
     throw ScriptError("bad view " + std::to_string(view) + " (0 to 2 main, 3 archive)");
   }
-  return view <= kLastMainView ? pelkedit::kProcMain : pelkedit::kProcArchive;
+  return name;
 }
 
 void Session::Clock(const Words& w) {

@@ -16,6 +16,7 @@
 #include "binding/binder.h"
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
+#include "control/tab_strips.h"
 #include "pictures/pictures.h"
 #include "platform/platform.h"
 #include "values/error.h"
@@ -170,7 +171,7 @@ class BinderTest : public QObject {
     Form form;
     auto& strip = form.registry.Make<PictureBox>("picMainTab");
     strip.Move(15 * kTwips, 0, 405 * kTwips, 21 * kTwips);
-    strip.SetPicture(pelkor::desktop::picture::kExpertStripFirst);
+    strip.SetPicture(pelkedit::ExpertMainStrip().firstPicture);
     std::vector<std::pair<std::string, float>> presses;
     int clicks = 0;
     strip.onMouseDown = [&](int button, int, float x, float) {
@@ -193,7 +194,7 @@ class BinderTest : public QObject {
     QCOMPARE(presses[2].second, 348.0f);
     QCOMPARE(clicks, 1);
 
-    strip.SetPicture(pelkor::desktop::picture::kNormalStripFirst);
+    strip.SetPicture(pelkedit::BasicMainStrip().firstPicture);
     QCOMPARE(view->Pixmap().size(), QSize(305, 21));
     strip.ClearPicture();
     QVERIFY(view->Pixmap().isNull());

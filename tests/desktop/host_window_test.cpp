@@ -26,7 +26,7 @@ namespace {
 
 constexpr std::int32_t kExpertIbo = 1001;  // started 2026-02-09, expected 2026-09-30, WIH High
 constexpr std::int32_t kBasicIbo = 1002;   // WIH Medium
-constexpr std::int32_t kMainView = 0;
+constexpr std::int32_t kMainView = pelkedit::view::kMain;
 constexpr std::int32_t kWihLow = 0;
 constexpr std::int32_t kWihHigh = 2;
 const char* const kSavePromptTitle = "IBO modified";

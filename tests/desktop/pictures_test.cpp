@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QtTest>
 
+#include "control/tab_strips.h"
 #include "pictures/pictures.h"
 
 using pelkor::desktop::DrawPicture;
@@ -10,22 +11,10 @@ namespace picture = pelkor::desktop::picture;
 
 namespace {
 
-struct Band {
-  int first;
-  int last;
-};
-
-struct Strip {
-  int firstId;
-  int width;
-  std::vector<Band> bands;
-};
-
-const std::vector<Strip>& Strips() {
-  static const std::vector<Strip> strips{
-      {picture::kExpertStripFirst, 405, {{0, 81}, {82, 162}, {163, 263}, {264, 347}, {348, 404}}},
-      {picture::kNormalStripFirst, 305, {{0, 82}, {83, 163}, {164, 247}, {248, 304}}},
-      {picture::kSubStripFirst, 128, {{0, 43}, {44, 88}, {89, 127}}}};
+// The strips the editor hit-tests; each drawn picture must raise exactly its band.
+const std::vector<const pelkedit::TabStrip*>& Strips() {
+  static const std::vector<const pelkedit::TabStrip*> strips{
+      &pelkedit::ExpertMainStrip(), &pelkedit::BasicMainStrip(), &pelkedit::PhaseStrip()};
   return strips;
 }
 
@@ -38,7 +27,6 @@ constexpr int kCornerAllowance = 5;
 int Lightness(const QImage& image, int x, int y) {
   return image.pixelColor(x, y).lightness();
 }
-
 
 }  // namespace
 
@@ -68,24 +56,26 @@ class PicturesTest : public QObject {
 
   // The strip is clicked by fixed bands, so each drawn tab must occupy exactly its band.
   void drawnTabsFallOnTheHitBands() {
-    for (const Strip& strip : Strips()) {
-      for (std::size_t selected = 0; selected < strip.bands.size(); ++selected) {
-        const QImage image = DrawPicture(strip.firstId + static_cast<int>(selected)).toImage();
-        QCOMPARE(image.width(), strip.width);
-        const Band band = strip.bands[selected];
+    for (const pelkedit::TabStrip* strip : Strips()) {
+      for (std::size_t selected = 0; selected < strip->bands.size(); ++selected) {
+        const QImage image =
+            DrawPicture(strip->firstPicture + static_cast<int>(selected)).toImage();
+        QCOMPARE(image.width(), strip->widthPixels);
+        const pelkedit::TabBand band = strip->bands[selected];
         const QColor background = image.pixelColor(0, 0);
-        for (int x = 0; x < strip.width; ++x) {
+        for (int x = 0; x < strip->widthPixels; ++x) {
           const bool inside = x >= band.first && x <= band.last;
           const bool clearOfCorners =
               x >= band.first + kCornerAllowance && x <= band.last - kCornerAllowance;
           const bool raised = image.pixelColor(x, kRaisedRow) != background;
           if (!inside)
-            QVERIFY2(!raised,
-                     qPrintable(QString("x=%1 id=%2").arg(x).arg(strip.firstId + int(selected))));
+            QVERIFY2(
+                !raised,
+                qPrintable(QString("x=%1 id=%2").arg(x).arg(strip->firstPicture + int(selected))));
           if (clearOfCorners) QVERIFY2(raised, qPrintable(QString("x=%1").arg(x)));
         }
         // Every tab, raised or not, shows its side edges on its band's first and last column.
-        for (const Band& b : strip.bands) {
+        for (const pelkedit::TabBand& b : strip->bands) {
           QVERIFY(Lightness(image, b.first, kEdgeRow) < Lightness(image, b.first + 2, kEdgeRow));
           QVERIFY(Lightness(image, b.last, kEdgeRow) < Lightness(image, b.last - 2, kEdgeRow));
         }
@@ -122,8 +112,9 @@ class PicturesTest : public QObject {
   // The advisor's pictures are the dark variant of the user's.
   void advisorPrioritiesAreDarkerThanTheUsers() {
     for (int priority = 0; priority < 5; ++priority) {
-      const QImage user = DrawPicture(picture::kUserPriorityFirst + priority).toImage();
-      const QImage advisor = DrawPicture(picture::kAdvisorPriorityFirst + priority).toImage();
+      const QImage user = DrawPicture(pelkedit::picture::kUserPriorityFirst + priority).toImage();
+      const QImage advisor =
+          DrawPicture(pelkedit::picture::kAdvisorPriorityFirst + priority).toImage();
       QVERIFY(user.pixelColor(10, 70).lightness() > 200);
       QVERIFY(advisor.pixelColor(10, 70).lightness() < 100);
     }

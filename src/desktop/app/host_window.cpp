@@ -202,7 +202,7 @@ void HostWindow::ChooseIbo() {
   const auto chosen = dialog.Chosen();
   if (!chosen) return;
   if (!ReleaseCurrent()) return;
-  OpenIbo(chosen->id, chosen->archived ? kArchiveView : kMainView);
+  OpenIbo(chosen->id, chosen->archived ? pelkedit::view::kArchive : pelkedit::view::kMain);
 }
 
 void HostWindow::ChangeStartDate() {

@@ -11,10 +11,6 @@ class QTableWidget;
 
 namespace pelkor::desktop {
 
-// The editor's view codes for the two tables.
-inline constexpr std::int32_t kMainView = 0;
-inline constexpr std::int32_t kArchiveView = 3;
-
 // Lists the database's IBOs (id, number, company, status, mode) for the user to pick one.
 class OpenIboDialog : public QDialog {
   Q_OBJECT

@@ -2,44 +2,67 @@
 
 #include <QApplication>
 #include <QDir>
+#include <cctype>
+#include <optional>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
+#include "control/tab_strips.h"
 #include "widgets/controls.h"
 
 namespace pelkor::desktop {
 namespace {
 
+// One picture per tab: the centre of its band on the main strip, and of its phase's band.
 struct TabShot {
-  const char* name;
-  float mainX;  // the centre of the tab's band on the main strip
-  float subX;   // the centre of a Sales Environment sub-tab's band, or a negative number
+  std::string name;
+  float mainX;
+  std::optional<float> phaseX;
 };
 
-constexpr float kNoSubTab = -1;
-constexpr TabShot kExpertTabs[] = {
-    {"essentials", 40, kNoSubTab},         {"sales-advisor", 122, kNoSubTab},
-    {"sales-environment-probe", 213, 20},  {"sales-environment-prove", 213, 66},
-    {"sales-environment-close", 213, 110}, {"ibo-info", 305, kNoSubTab},
-    {"ibo-note", 376, kNoSubTab}};
-constexpr TabShot kBasicTabs[] = {{"essentials", 41, kNoSubTab},
-                                  {"sales-advisor", 123, kNoSubTab},
-                                  {"ibo-info", 205, kNoSubTab},
-                                  {"ibo-note", 276, kNoSubTab}};
+float Centre(const pelkedit::TabBand& band) {
+  return static_cast<float>(band.first + band.last) / 2.0F;
+}
+
+// "Sales Advisor" -> "sales-advisor".
+std::string FileName(const std::string& caption) {
+  std::string name;
+  for (const char c : caption) {
+    name += c == ' ' ? '-' : static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return name;
+}
+
+// Every tab the strip shows, each Sales Environment phase on its own.
+std::vector<TabShot> TabsOf(const pelkedit::TabStrip& strip) {
+  std::vector<TabShot> shots;
+  for (const pelkedit::TabBand& band : strip.bands) {
+    if (band.tab != pelkedit::tab::kSalesEnvironment) {
+      shots.push_back({FileName(band.caption), Centre(band), std::nullopt});
+      continue;
+    }
+    for (const pelkedit::TabBand& phase : pelkedit::PhaseStrip().bands) {
+      shots.push_back(
+          {FileName(std::string(band.caption) + " " + phase.caption), Centre(band), Centre(phase)});
+    }
+  }
+  return shots;
+}
 
 void Press(pelkedit::PelkIboEdit& component, const char* strip, float x) {
   component.Widgets().Get<pelkedit::PictureBox>(strip).UserMouseDown(0, 0, x, 0);
   QApplication::processEvents();
 }
 
-template <std::size_t N>
-QStringList ShootTabs(HostWindow& window, const TabShot (&tabs)[N], const QDir& folder,
+QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, const QDir& folder,
                       std::int32_t iboId) {
   QStringList written;
-  const auto save = [&](QWidget* widget, const char* name) {
-    const QString path = folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(name));
+  const auto save = [&](QWidget* widget, const std::string& name) {
+    const QString path =
+        folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(QString::fromStdString(name)));
     if (!widget->grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
     written << path;
   };
@@ -48,11 +71,11 @@ QStringList ShootTabs(HostWindow& window, const TabShot (&tabs)[N], const QDir& 
   pelkedit::PelkIboEdit& component = *window.Component();
   for (const TabShot& tab : tabs) {
     Press(component, "picMainTab", tab.mainX);
-    if (tab.subX >= 0) Press(component, "picSEnvTab", tab.subX);
+    if (tab.phaseX) Press(component, "picSEnvTab", *tab.phaseX);
     save(window.Form(), tab.name);
   }
   // Back where the user starts.
-  Press(component, "picMainTab", tabs[0].mainX);
+  Press(component, "picMainTab", tabs.front().mainX);
   return written;
 }
 
@@ -62,10 +85,8 @@ QStringList ShootIbo(HostWindow& window, const QDir& folder, std::int32_t iboId,
     throw std::runtime_error("IBO " + std::to_string(iboId) + " cannot be shown");
   }
   QApplication::processEvents();
-  if (window.Component()->State().expertView) {
-    return ShootTabs(window, kExpertTabs, folder, iboId);
-  }
-  return ShootTabs(window, kBasicTabs, folder, iboId);
+  return ShootTabs(window, TabsOf(pelkedit::MainStrip(window.Component()->State().expertView)),
+                   folder, iboId);
 }
 
 }  // namespace
@@ -85,7 +106,7 @@ QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
   if (!expert && !basic) throw std::runtime_error("the database holds no IBO to show");
   QStringList written;
   for (const auto& id : {expert, basic}) {
-    if (id) written << ShootIbo(window, dir, *id, kMainView);
+    if (id) written << ShootIbo(window, dir, *id, pelkedit::view::kMain);
   }
   return written;
 }

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include "control/tab_strips.h"
 #include "pictures/drawing.h"
 
 namespace pelkor::desktop {
@@ -44,63 +45,40 @@ QFont FitFont(const QString& text, int width, int pixelSize, int minPixelSize, b
 
 namespace {
 
-using drawing::TabBand;
-
-const std::vector<TabBand>& ExpertTabs() {
-  static const std::vector<TabBand> tabs{{"Essentials", 0, 81},
-                                         {"Sales Advisor", 82, 162},
-                                         {"Sales Environment", 163, 263},
-                                         {"IBO Info", 264, 347},
-                                         {"IBO Note", 348, 404}};
-  return tabs;
+// The strip a picture number belongs to, or nullptr.
+const pelkedit::TabStrip* StripOf(int id) {
+  for (const pelkedit::TabStrip* strip :
+       {&pelkedit::ExpertMainStrip(), &pelkedit::BasicMainStrip(), &pelkedit::PhaseStrip()}) {
+    if (strip->HasPicture(id)) return strip;
+  }
+  return nullptr;
 }
 
-const std::vector<TabBand>& NormalTabs() {
-  static const std::vector<TabBand> tabs{{"Essentials", 0, 82},
-                                         {"Sales Advisor", 83, 163},
-                                         {"IBO Info", 164, 247},
-                                         {"IBO Note", 248, 304}};
-  return tabs;
+QPixmap DrawStrip(const pelkedit::TabStrip& strip, int selected) {
+  std::vector<drawing::TabBand> bands;
+  for (const pelkedit::TabBand& band : strip.bands) {
+    bands.push_back({QString::fromUtf8(band.caption), band.first, band.last});
+  }
+  return drawing::DrawTabStrip(bands, strip.widthPixels, strip.heightPixels, selected);
 }
 
-const std::vector<TabBand>& SubTabs() {
-  static const std::vector<TabBand> tabs{{"Probe", 0, 43}, {"Prove", 44, 88}, {"Close", 89, 127}};
-  return tabs;
-}
-
-constexpr int kStripHeight = 21;
-constexpr int kExpertStripWidth = 405;
-constexpr int kNormalStripWidth = 305;
-constexpr int kSubStripWidth = 128;
-
-bool InRange(int id, int first, int last) {
-  return id >= first && id <= last;
+bool InRange(int id, int first, int count) {
+  return id >= first && id < first + count;
 }
 
 }  // namespace
 
-bool IsKnownPicture(int id) {
-  return InRange(id, picture::kExpertStripFirst, picture::kAdvisorPriorityLast) ||
-         InRange(id, picture::kMatrix, picture::kCycleMarker);
-}
-
 QPixmap DrawPicture(int id) {
   using namespace picture;
-  if (InRange(id, kExpertStripFirst, kExpertStripLast)) {
-    return drawing::DrawTabStrip(ExpertTabs(), kExpertStripWidth, kStripHeight,
-                                 id - kExpertStripFirst);
-  }
-  if (InRange(id, kNormalStripFirst, kNormalStripLast)) {
-    return drawing::DrawTabStrip(NormalTabs(), kNormalStripWidth, kStripHeight,
-                                 id - kNormalStripFirst);
-  }
-  if (InRange(id, kSubStripFirst, kSubStripLast)) {
-    return drawing::DrawTabStrip(SubTabs(), kSubStripWidth, kStripHeight, id - kSubStripFirst);
-  }
-  if (InRange(id, kUserPriorityFirst, kUserPriorityLast)) {
+  using pelkedit::picture::kAdvisorPriorityFirst;
+  using pelkedit::picture::kPriorityCount;
+  using pelkedit::picture::kUserPriorityFirst;
+  if (const pelkedit::TabStrip* strip = StripOf(id))
+    return DrawStrip(*strip, id - strip->firstPicture);
+  if (InRange(id, kUserPriorityFirst, kPriorityCount)) {
     return drawing::DrawPriority(id - kUserPriorityFirst + 1, false);
   }
-  if (InRange(id, kAdvisorPriorityFirst, kAdvisorPriorityLast)) {
+  if (InRange(id, kAdvisorPriorityFirst, kPriorityCount)) {
     return drawing::DrawPriority(id - kAdvisorPriorityFirst + 1, true);
   }
   switch (id) {

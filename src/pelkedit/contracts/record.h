@@ -51,4 +51,18 @@ inline constexpr std::int32_t kPalmRecordLimit = 65000;
 inline constexpr const char* kProcMain = "GetIboFromMainByIboID";
 inline constexpr const char* kProcArchive = "GetIboFromArchiveByIboID";
 
+// The database views a host gives ShowIbo: 0 to 2 read the main table, 3 the archive.
+namespace view {
+inline constexpr std::int32_t kMain = 0;
+inline constexpr std::int32_t kLastMain = 2;
+inline constexpr std::int32_t kArchive = 3;
+}  // namespace view
+
+// The retrieval procedure that reads a view; nullptr for a code that names no view.
+inline const char* RetrievalProcedureOf(std::int32_t viewCode) {
+  if (viewCode >= view::kMain && viewCode <= view::kLastMain) return kProcMain;
+  if (viewCode == view::kArchive) return kProcArchive;
+  return nullptr;
+}
+
 }  // namespace pelkedit

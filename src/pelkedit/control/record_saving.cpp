@@ -12,8 +12,6 @@
 namespace pelkedit {
 namespace {
 
-constexpr std::int32_t kLastMainView = 2;
-constexpr std::int32_t kArchiveView = 3;
 const char* const kLongSizeMessage =
     "The current IBO physical size exceeds single Palm record storage limits. Please remove some "
     "text from a product note field or IBO note field and try saving again.";
@@ -29,8 +27,7 @@ void RecordSaving::Wire() {
 }
 
 std::string RecordSaving::RetrievalProcedure(std::int32_t view, const std::string& procedure) {
-  if (view >= 0 && view <= kLastMainView) return kProcMain;
-  if (view == kArchiveView) return kProcArchive;
+  if (const char* name = RetrievalProcedureOf(view)) return name;
   throw PelkError(ThreadTrace().InvalidArgumentErrorNumber(), procedure,
                   "Invalid DB view specifier passed.");
 }

@@ -8,10 +8,6 @@ void ObjectFactory::Register(const std::string& progId, Constructor constructor)
   constructors_[progId] = std::move(constructor);
 }
 
-bool ObjectFactory::IsRegistered(const std::string& progId) const {
-  return constructors_.count(progId) != 0;
-}
-
 ObjectPtr ObjectFactory::Create(const std::string& progId) const {
   const auto it = constructors_.find(progId);
   if (it == constructors_.end() || failing_.count(progId) != 0) {

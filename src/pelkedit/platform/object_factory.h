@@ -17,7 +17,6 @@ class ObjectFactory {
 
   void Register(const std::string& progId, Constructor constructor);
   void FailCreate(const std::string& progId) { failing_.insert(progId); }
-  bool IsRegistered(const std::string& progId) const;
   // Error 429 when the identifier is unknown, made to fail, or its constructor fails.
   ObjectPtr Create(const std::string& progId) const;
 

@@ -1,6 +1,7 @@
 #include "tabs/advisor/matrix_priority.h"
 
 #include "control/editor_context.h"
+#include "control/tab_strips.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
@@ -10,9 +11,9 @@ namespace {
 constexpr std::int32_t kGridLeft = 25;
 constexpr std::int32_t kGridBottomRowTop = 78;
 constexpr std::int32_t kSquarePitch = 38;
-// Priority picture resources are the priority plus a base.
-constexpr std::int32_t kUserPriorityBase = 112;
-constexpr std::int32_t kAdvisorPriorityBase = 117;
+// Priority picture resources: priority 1 is the first picture of each set.
+constexpr std::int32_t kUserPriorityBase = picture::kUserPriorityFirst - 1;
+constexpr std::int32_t kAdvisorPriorityBase = picture::kAdvisorPriorityFirst - 1;
 
 }  // namespace
 
