@@ -1,5 +1,9 @@
 #include "runner.h"
 
+#include "contracts/names.h"
+#include "trace/mod_init.h"
+#include "world.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -86,10 +90,19 @@ TEST(Runner, UnansweredOrMisfitSavePromptCountsAsFailureAndCancels) {
       "expect control.IboChanged = True\n");
   EXPECT_EQ(run.status, kExpectationsFailed);
   EXPECT_NE(run.output.find("FAILED -:5: unanswered message box"), std::string::npos);
-  EXPECT_NE(run.output.find("FAILED -:7: answer OK does not fit message box"),
-            std::string::npos)
+  EXPECT_NE(run.output.find("FAILED -:7: answer OK does not fit message box"), std::string::npos)
       << run.output;
   EXPECT_EQ(LastLine(run.output), "1 passed, 2 failed");
+}
+
+// Hosts and pages reach these widgets by name; the editor must build every one of them.
+TEST(Runner, EveryWidgetTheEditorAndItsHostsNameIsBuilt) {
+  World world{WorldOptions{}};
+  pelkedit::Main(world.platform);
+  world.component = std::make_unique<pelkedit::PelkIboEdit>(world.platform, world.events);
+  for (const char* name : pelkedit::widget::kAll) {
+    EXPECT_NE(world.component->Widgets().Find(name), nullptr) << name;
+  }
 }
 
 TEST(Runner, EachFileRunsInAFreshWorldUnlessADatabaseFileIsShared) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/open_ibo_dialog.h"
+#include "contracts/names.h"
 #include "pictures/pictures.h"
 #include "platform/platform.h"
 #include "values/error.h"
@@ -41,10 +42,12 @@ BinderOptions FormOptions(QtPlatform& platform) {
   // Through the platform, like every other message the user sees.
   options.onError = [&platform](const std::exception& error) { ShowError(platform, error); };
   options.shortDateFormat = QString::fromStdString(platform.ShortDateFormat());
-  options.fixedPictures = {
-      {"picProbabilitMatrix", picture::kMatrix}, {"picPmUserSqr", picture::kUserSquare},
-      {"picPmAdvSqr", picture::kAdvisorSquare},  {"picPmCmnSqr", picture::kCommonSquare},
-      {"picSalesCycle", picture::kSalesCycle},   {"picLine", picture::kCycleMarker}};
+  options.fixedPictures = {{pelkedit::widget::picProbabilitMatrix, picture::kMatrix},
+                           {pelkedit::widget::picPmUserSqr, picture::kUserSquare},
+                           {pelkedit::widget::picPmAdvSqr, picture::kAdvisorSquare},
+                           {pelkedit::widget::picPmCmnSqr, picture::kCommonSquare},
+                           {pelkedit::widget::picSalesCycle, picture::kSalesCycle},
+                           {pelkedit::widget::picLine, picture::kCycleMarker}};
   return options;
 }
 

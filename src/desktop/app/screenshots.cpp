@@ -10,6 +10,7 @@
 
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
+#include "contracts/names.h"
 #include "control/tab_strips.h"
 #include "widgets/controls.h"
 
@@ -70,12 +71,12 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
   save(&window, "window");
   pelkedit::PelkIboEdit& component = *window.Component();
   for (const TabShot& tab : tabs) {
-    Press(component, "picMainTab", tab.mainX);
-    if (tab.phaseX) Press(component, "picSEnvTab", *tab.phaseX);
+    Press(component, pelkedit::widget::picMainTab, tab.mainX);
+    if (tab.phaseX) Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
     save(window.Form(), tab.name);
   }
   // Back where the user starts.
-  Press(component, "picMainTab", tabs.front().mainX);
+  Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   return written;
 }
 

@@ -1,5 +1,6 @@
 #include "control/caption.h"
 
+#include "contracts/names.h"
 #include "contracts/record.h"
 
 namespace pelkedit {
@@ -9,7 +10,7 @@ std::string FormCaption(std::int32_t iboNumber, const std::string& statusText) {
 }
 
 std::string FormCaptionOf(IRecord& record) {
-  return FormCaption(record.Get("IboNumber").AsLong(), record.StatusText(-1));
+  return FormCaption(record.Get(prop::IboNumber).AsLong(), record.StatusText(-1));
 }
 
 }  // namespace pelkedit

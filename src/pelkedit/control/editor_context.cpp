@@ -1,5 +1,6 @@
 #include "control/editor_context.h"
 
+#include "contracts/names.h"
 #include "control/navigation.h"
 #include "control/record_saving.h"
 #include "trace/error_paths.h"
@@ -41,11 +42,11 @@ void EditorContext::MarkIboAsDirty() {
   RunMethod(Proc("MarkIboAsDirty"), [&] {
     if (state.loading) return;
     IRecord& rec = Rec();
-    if (!rec.Get("DirtyExempt").AsBool()) {
-      rec.Set("DirtyFlag", true);
-      rec.Set("CleanFlag", false);
+    if (!rec.Get(prop::DirtyExempt).AsBool()) {
+      rec.Set(prop::DirtyFlag, true);
+      rec.Set(prop::CleanFlag, false);
     }
-    rec.Set("ModifiedDate", platform.Now());
+    rec.Set(prop::ModifiedDate, platform.Now());
     state.iboChanged = true;
   });
 }

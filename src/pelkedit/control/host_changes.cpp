@@ -1,5 +1,6 @@
 #include "control/host_changes.h"
 
+#include "contracts/names.h"
 #include "control/caption.h"
 #include "control/editor_context.h"
 #include "control/navigation.h"
@@ -10,7 +11,8 @@ namespace pelkedit {
 
 // What every host change copies back, after the start date's own UserPriority.
 void HostChanges::CopyBack() {
-  ctx_.CopyAdvisorResults({"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult"});
+  ctx_.CopyAdvisorResults(
+      {fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorExtraResult});
 }
 
 // Every page takes the change in list order, then the pages of the current tab redraw.
@@ -24,14 +26,14 @@ void HostChanges::IboChangeStartDate() {
   RunMethod(EditorContext::Proc("IboChangeStartDate"), [&] {
     FrmStartDate dialog(ctx_.platform);
     IRecord& rec = ctx_.Rec();
-    dialog.DialogInit(rec.Get("StartDate").AsDate(), rec.Get("WwihDate").AsDate());
+    dialog.DialogInit(rec.Get(prop::StartDate).AsDate(), rec.Get(prop::WwihDate).AsDate());
     ctx_.platform.ShowModal(dialog);
-    if (dialog.DialogCancel() || dialog.StartDate() == rec.Get("StartDate").AsDate()) return;
+    if (dialog.DialogCancel() || dialog.StartDate() == rec.Get(prop::StartDate).AsDate()) return;
     IAdvisor& advisor = ctx_.Adv();
-    advisor.Set("StartDate", dialog.StartDate());
+    advisor.Set(fact::StartDate, dialog.StartDate());
     advisor.Evaluate();
-    rec.Set("StartDate", dialog.StartDate());
-    ctx_.CopyAdvisorResults({"UserPriority"});
+    rec.Set(prop::StartDate, dialog.StartDate());
+    ctx_.CopyAdvisorResults({fact::UserPriority});
     CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateIboStartDateChanged();
@@ -47,11 +49,11 @@ void HostChanges::IboChangeStatus(std::int32_t status) {
   RunMethod(EditorContext::Proc("IboChangeStatus"), [&] {
     IAdvisor& advisor = ctx_.Adv();
     IRecord& rec = ctx_.Rec();
-    advisor.Set("Status", status);
-    advisor.Set("CloseDate", ctx_.platform.Now());
-    rec.Set("CloseDate", ctx_.platform.Now());
+    advisor.Set(fact::Status, status);
+    advisor.Set(fact::CloseDate, ctx_.platform.Now());
+    rec.Set(prop::CloseDate, ctx_.platform.Now());
     advisor.Evaluate();
-    rec.Set("Status", status);
+    rec.Set(prop::Status, status);
     CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateIboStatusChanged(status);
@@ -62,7 +64,8 @@ void HostChanges::UpdateIboStatusChanged(std::int32_t status) {
   RunMethod(EditorContext::Proc("UpdateIboStatusChanged"), [&] {
     TellPages(HostChange::kStatus);
     IRecord& rec = ctx_.Rec();
-    ctx_.events.SetFormCaption(FormCaption(rec.Get("IboNumber").AsLong(), rec.StatusText(status)));
+    ctx_.events.SetFormCaption(
+        FormCaption(rec.Get(prop::IboNumber).AsLong(), rec.StatusText(status)));
     ctx_.events.SetIBOStatus(status);
   });
 }
@@ -70,16 +73,16 @@ void HostChanges::UpdateIboStatusChanged(std::int32_t status) {
 void HostChanges::IboUpgradeToExpert() {
   RunMethod(EditorContext::Proc("IboUpgradeToExpert"), [&] {
     IRecord& rec = ctx_.Rec();
-    if (rec.Get("ExpertMode").AsBool()) {
+    if (rec.Get(prop::ExpertMode).AsBool()) {
       ctx_.platform.MsgBox("The current IBO record is already in Expert Advisor mode.",
                            MsgIcon::kInformation, MsgButtons::kOk, "Expert Mode");
       return;
     }
     ctx_.state.expertView = true;
     IAdvisor& advisor = ctx_.Adv();
-    advisor.Set("ExpertMode", true);
+    advisor.Set(fact::ExpertMode, true);
     advisor.Evaluate();
-    rec.Set("ExpertMode", true);
+    rec.Set(prop::ExpertMode, true);
     CopyBack();
     ctx_.MarkIboAsDirty();
     UpdateUpgradeToExpert();
@@ -90,7 +93,7 @@ void HostChanges::IboUpgradeToExpert() {
 void HostChanges::UpdateUpgradeToExpert() {
   RunMethod(EditorContext::Proc("UpdateUpgradeToExpert"), [&] {
     ctx_.navigation->LoadMainTabPictures(true);
-    auto& strip = ctx_.Get<PictureBox>("picMainTab");
+    auto& strip = ctx_.Get<PictureBox>(widget::picMainTab);
     strip.ClearPicture();
     strip.SetPicture(ctx_.navigation->MainTabPicture(ctx_.state.mainTab));
     TellPages(HostChange::kUpgrade);

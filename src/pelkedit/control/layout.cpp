@@ -1,5 +1,6 @@
 #include "control/layout.h"
 
+#include "contracts/names.h"
 #include "control/page_layout.h"
 #include "values/error.h"
 
@@ -45,7 +46,7 @@ Frame& FrameOf(WidgetRegistry& widgets, const TabPlace& place) {
 
 void BuildEditorShell(WidgetRegistry& widgets) {
   const TabStrip& mainStrip = ExpertMainStrip();
-  auto& strip = widgets.Make<PictureBox>("picMainTab");
+  auto& strip = widgets.Make<PictureBox>(widget::picMainTab);
   strip.Move(0, 0, static_cast<float>(mainStrip.widthPixels) * kTwipsPerPixel,
              static_cast<float>(mainStrip.heightPixels) * kTwipsPerPixel);
   for (const char* name : kMainFrames) {
@@ -56,7 +57,7 @@ void BuildEditorShell(WidgetRegistry& widgets) {
 
   PageLayout environment(widgets, widgets.Get<Frame>(MainFrameName(tab::kSalesEnvironment)));
   const TabStrip& phases = PhaseStrip();
-  environment.Place<PictureBox>("picSEnvTab", kPhaseStripLeft, kPhaseStripTop,
+  environment.Place<PictureBox>(widget::picSEnvTab, kPhaseStripLeft, kPhaseStripTop,
                                 static_cast<float>(phases.widthPixels),
                                 static_cast<float>(phases.heightPixels));
   for (const char* name : kPhaseFrames) {
@@ -65,16 +66,17 @@ void BuildEditorShell(WidgetRegistry& widgets) {
   // The Close phase's close-date field takes the user's date order at creation; it stays
   // hidden until the phase shows it with the rest of its answers.
   PageLayout close(widgets, widgets.Get<Frame>(PhaseFrameName(tab::kClose)));
-  close.Place<DateEdit>("deCloseDateEdit", 240, 200, 120, layout::kFieldHeight).SetVisible(false);
+  close.Place<DateEdit>(widget::deCloseDateEdit, 240, 200, 120, layout::kFieldHeight)
+      .SetVisible(false);
 }
 
 void BuildEditorButtons(WidgetRegistry& widgets) {
-  auto& save = widgets.Make<Button>("cmdSave");
+  auto& save = widgets.Make<Button>(widget::cmdSave);
   save.Move((kFormWidth - 2 * kButtonWidth - 2 * kButtonGap) * kTwipsPerPixel,
             kButtonTop * kTwipsPerPixel, kButtonWidth * kTwipsPerPixel,
             kButtonHeight * kTwipsPerPixel);
   save.SetCaption("&Save");
-  auto& cancel = widgets.Make<Button>("cmdCancel");
+  auto& cancel = widgets.Make<Button>(widget::cmdCancel);
   cancel.Move((kFormWidth - kButtonWidth - kButtonGap) * kTwipsPerPixel,
               kButtonTop * kTwipsPerPixel, kButtonWidth * kTwipsPerPixel,
               kButtonHeight * kTwipsPerPixel);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/layout.h"
 #include "trace/error_paths.h"
@@ -30,10 +31,10 @@ std::int32_t Entry(const std::array<std::int32_t, N>& table, std::int32_t index,
 Navigation::Navigation(EditorContext& ctx) : ctx_(ctx) {}
 
 void Navigation::Wire() {
-  ctx_.Get<PictureBox>("picMainTab").onMouseDown = [this](int, int, float x, float) {
+  ctx_.Get<PictureBox>(widget::picMainTab).onMouseDown = [this](int, int, float x, float) {
     PicMainTabMouseDown(x);
   };
-  ctx_.Get<PictureBox>("picSEnvTab").onMouseDown = [this](int, int, float x, float) {
+  ctx_.Get<PictureBox>(widget::picSEnvTab).onMouseDown = [this](int, int, float x, float) {
     PicSEnvTabMouseDown(x);
   };
 }
@@ -41,7 +42,7 @@ void Navigation::Wire() {
 void Navigation::LoadMainTabPictures(bool expert) {
   RunMethod(EditorContext::Proc("LoadMainTabPictures"), [&] {
     const TabStrip& strip = MainStrip(expert);
-    ctx_.Get<PictureBox>("picMainTab")
+    ctx_.Get<PictureBox>(widget::picMainTab)
         .SetWidth(static_cast<float>(strip.widthPixels) * kTwipsPerPixel);
     for (std::int32_t i = 0; i < tab::kMainCount; ++i) {
       mainTabPictures_[static_cast<std::size_t>(i)] = strip.PictureOf(i);
@@ -77,7 +78,7 @@ std::int32_t Navigation::SEnvTabPicture(std::int32_t index) const {
 
 void Navigation::RefreshMainTab(std::int32_t index) {
   RunMethod(EditorContext::Proc("RefreshMainTab"), [&] {
-    auto& strip = ctx_.Get<PictureBox>("picMainTab");
+    auto& strip = ctx_.Get<PictureBox>(widget::picMainTab);
     strip.ClearPicture();
     strip.SetPicture(MainTabPicture(index));
     strip.BringToFront();
@@ -96,7 +97,7 @@ std::int32_t Navigation::GetSEnvTabIndex(std::int32_t x) {
 
 void Navigation::PicMainTabMouseDown(float x) {
   RunHandler(EditorContext::Proc("picMainTab_MouseDown"), ctx_.platform, [&] {
-    auto& strip = ctx_.Get<PictureBox>("picMainTab");
+    auto& strip = ctx_.Get<PictureBox>(widget::picMainTab);
     strip.BringToFront();
     strip.ClearPicture();
     const std::int32_t index = GetExpertMainTabIndex(RoundHalfEven(x));
@@ -107,7 +108,7 @@ void Navigation::PicMainTabMouseDown(float x) {
 
 void Navigation::PicSEnvTabMouseDown(float x) {
   RunHandler(EditorContext::Proc("picSEnvTab_MouseDown"), ctx_.platform, [&] {
-    auto& strip = ctx_.Get<PictureBox>("picSEnvTab");
+    auto& strip = ctx_.Get<PictureBox>(widget::picSEnvTab);
     strip.BringToFront();
     strip.ClearPicture();
     const std::int32_t index = GetSEnvTabIndex(RoundHalfEven(x));
@@ -142,7 +143,7 @@ void Navigation::SwitchMainTab(std::int32_t index) {
 void Navigation::SwitchSEnvTab(std::int32_t index) {
   RunMethod(EditorContext::Proc("SwitchSEnvTab"), [&] {
     ctx_.state.sEnvTab = index;
-    ctx_.Get<PictureBox>("picSEnvTab").BringToFront();
+    ctx_.Get<PictureBox>(widget::picSEnvTab).BringToFront();
     if (index < 0 || index >= tab::kPhaseCount) return;
     for (std::int32_t other = 0; other < tab::kPhaseCount; ++other) {
       if (other != index) ctx_.Get<Frame>(PhaseFrameName(other)).SetVisible(false);

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "contracts/names.h"
 #include "control/caption.h"
 #include "control/editor_context.h"
 #include "control/host_changes.h"
@@ -39,8 +40,9 @@ PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
 
   // UserControl_Initialize: every failing step is reported and creation goes on.
   ResumeNext statement(EditorContext::Proc("UserControl_Initialize"));
-  statement([&] { ctx.Get<DateEdit>("deWwih").SetDateOrder(GetUserDateOrder(platform)); });
-  statement([&] { ctx.Get<DateEdit>("deCloseDateEdit").SetDateOrder(GetUserDateOrder(platform)); });
+  statement([&] { ctx.Get<DateEdit>(widget::deWwih).SetDateOrder(GetUserDateOrder(platform)); });
+  statement(
+      [&] { ctx.Get<DateEdit>(widget::deCloseDateEdit).SetDateOrder(GetUserDateOrder(platform)); });
   statement([&] { ctx.data = CreateAs<IDataAccess>(platform, kDataProgId); });
   statement([&] { ctx.record = CreateAs<IRecord>(platform, kRecordProgId); });
   statement([&] { ctx.advisor = CreateAs<IAdvisor>(platform, kAdvisorProgIdAtCreate); });
@@ -69,7 +71,7 @@ bool PelkIboEdit::IboSaved() const {
   return ctx_->state.iboSaved;
 }
 std::int32_t PelkIboEdit::IboStatus() const {
-  return ctx_->Rec().Get("Status").AsLong();
+  return ctx_->Rec().Get(prop::Status).AsLong();
 }
 bool PelkIboEdit::IboChanged() const {
   return ctx_->state.iboChanged;
@@ -125,17 +127,17 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
     rec.SetIboData(loaded);
     ctx.state.loading = true;
     ctx.state.iboChanged = false;
-    ctx.state.expertView = rec.Get("ExpertMode").AsBool();
+    ctx.state.expertView = rec.Get(prop::ExpertMode).AsBool();
     ctx.navigation->LoadMainTabPictures(ctx.state.expertView);
     ctx.navigation->RefreshMainTab(tab::kEssentials);
     ctx.navigation->SwitchMainTab(tab::kEssentials);
     ctx.InitAdvisor();
-    ctx.state.loadedStatus = rec.Get("Status").AsLong();
+    ctx.state.loadedStatus = rec.Get(prop::Status).AsLong();
     ctx.ForPages([](TabPage& page) { page.Load(); });
     ctx.state.loading = false;
     ctx.events.SetFormCaption(FormCaptionOf(rec));
-    ctx.events.SetIBOStatus(rec.Get("Status").AsLong());
-    ctx.events.SetExpertMode(rec.Get("ExpertMode").AsBool());
+    ctx.events.SetIBOStatus(rec.Get(prop::Status).AsLong());
+    ctx.events.SetExpertMode(rec.Get(prop::ExpertMode).AsBool());
     ctx.platform.SetScreenPointer(previous);
   });
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/navigation.h"
 #include "trace/error_paths.h"
@@ -22,8 +23,8 @@ const char* const kSavePrompt = "The IBO has been modified. Would you like to sa
 }  // namespace
 
 void RecordSaving::Wire() {
-  ctx_.Get<Button>("cmdSave").onClick = [this] { CmdSaveClick(); };
-  ctx_.Get<Button>("cmdCancel").onClick = [this] { CmdCancelClick(); };
+  ctx_.Get<Button>(widget::cmdSave).onClick = [this] { CmdSaveClick(); };
+  ctx_.Get<Button>(widget::cmdCancel).onClick = [this] { CmdCancelClick(); };
 }
 
 std::string RecordSaving::RetrievalProcedure(std::int32_t view, const std::string& procedure) {

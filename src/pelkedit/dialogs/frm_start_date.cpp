@@ -15,7 +15,7 @@ constexpr float Px(float pixels) {
 }
 
 std::string Proc(std::string_view procedure) {
-  return Qualified("frmStartDate", procedure);
+  return Qualified(FrmStartDate::kName, procedure);
 }
 
 }  // namespace
@@ -24,12 +24,12 @@ FrmStartDate::FrmStartDate(IPlatform& platform) : platform_(platform) {
   auto& label = Widgets().Make<Label>("lblStartDate");
   label.SetCaption("&Start date:");
   label.Move(Px(16), Px(22), Px(80), Px(17));
-  Widgets().Make<DateField>("dteStartDate").Move(Px(100), Px(18), Px(140), Px(22));
-  auto& save = Widgets().Make<Button>("cmdSave");
+  Widgets().Make<DateField>(kDateField).Move(Px(100), Px(18), Px(140), Px(22));
+  auto& save = Widgets().Make<Button>(kSaveButton);
   save.SetCaption("Save");
   save.Move(Px(64), Px(68), Px(84), Px(26));
   save.onClick = [this] { CmdSaveClick(); };
-  auto& cancel = Widgets().Make<Button>("cmdCancel");
+  auto& cancel = Widgets().Make<Button>(kCancelButton);
   cancel.SetCaption("Cancel");
   cancel.Move(Px(156), Px(68), Px(84), Px(26));
   cancel.onClick = [this] { CmdCancelClick(); };
@@ -44,7 +44,7 @@ int FrmStartDate::HeightPixels() const {
 
 void FrmStartDate::DialogInit(const Date& start, const Date& wwihDate) {
   RunMethod(Proc("DialogInit"), [&] {
-    Widgets().Get<DateField>("dteStartDate").SetDay(DayNumberOf(start));
+    Widgets().Get<DateField>(kDateField).SetDay(DayNumberOf(start));
     wwihDate_ = wwihDate;
   });
 }
@@ -52,9 +52,9 @@ void FrmStartDate::DialogInit(const Date& start, const Date& wwihDate) {
 void FrmStartDate::CmdSaveClick() {
   ResumeNext statement(Proc("cmdSave_Click"));
   statement.OnError([this] { dialogCancel_ = true; });
-  statement([&] { Widgets().Get<Button>("cmdSave").SetFocus(); });
+  statement([&] { Widgets().Get<Button>(kSaveButton).SetFocus(); });
   statement([&] {
-    const Date chosen = GetDateFromLong(Widgets().Get<DateField>("dteStartDate").Day());
+    const Date chosen = GetDateFromLong(Widgets().Get<DateField>(kDateField).Day());
     if (chosen <= wwihDate_) {
       startDate_ = chosen;
       dialogCancel_ = false;

@@ -15,13 +15,16 @@ class FrmStartDate : public ModalDialog {
   explicit FrmStartDate(IPlatform& platform);
 
   static constexpr const char* kName = "frmStartDate";
+  static constexpr const char* kDateField = "dteStartDate";
+  static constexpr const char* kSaveButton = "cmdSave";
+  static constexpr const char* kCancelButton = "cmdCancel";
   std::string Name() const override { return kName; }
   std::string Caption() const override { return "Change Start Date"; }
   int WidthPixels() const override;
   int HeightPixels() const override;
-  std::string DefaultButton() const override { return "cmdSave"; }
-  std::string CancelButton() const override { return "cmdCancel"; }
-  std::vector<std::string> InputFields() const override { return {"dteStartDate"}; }
+  std::string DefaultButton() const override { return kSaveButton; }
+  std::string CancelButton() const override { return kCancelButton; }
+  std::vector<std::string> InputFields() const override { return {kDateField}; }
 
   void DialogInit(const Date& start, const Date& wwihDate);
   Date StartDate() const { return startDate_; }

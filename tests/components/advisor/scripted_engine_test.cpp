@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "advisor/advisor_names.h"
+#include "contracts/names.h"
 #include "values/error.h"
 
 namespace pelkor {
@@ -51,6 +53,13 @@ const std::vector<std::string> kBooleanSEnvFacts = {
 const std::vector<std::string> kTextResults = {
     "SalesCycleLine1",   "SalesCycleLine2",  "ExpertAdviceHeading", "ExpertAdviceTitle",
     "ExpertAdviceAlert", "ExpertAdviceBody", "BasicAdviceBody",     "BasicAdviceTitle"};
+
+// The editor reaches the engine by these names only; each must be one the engine knows.
+TEST(AdvisorNames, EveryFactTheEditorNamesIsKnownToTheEngine) {
+  for (const char* name : pelkedit::fact::kAll) {
+    EXPECT_TRUE(FindAdvisorName(name).has_value()) << name;
+  }
+}
 
 TEST(ScriptedEngine, FreshEngineAnswersInRangeBeforeAnyFactOrEvaluation) {
   auto engine = CreateScriptedEngine(std::make_shared<ScriptedResults>());

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "contracts/names.h"
 #include "record/ibo_properties.h"
 #include "record_test_support.h"
 #include "values/date.h"
@@ -29,6 +30,13 @@ TEST(RecordSchemaTest, NamesAreUniqueAndEveryPropertyAnswersWithItsDeclaredType)
                            "TotalValueHundredths", "SEnvCompPressure", "ContactEmail"}) {
     EXPECT_TRUE(names.contains(name)) << name;
   }
+}
+
+// The editor reaches the record by these names only; each must be one the schema has.
+TEST(RecordSchemaTest, EveryPropertyTheEditorNamesIsInTheSchema) {
+  std::set<std::string> schema;
+  for (const PropertyInfo& info : RecordSchema()) schema.insert(info.name);
+  for (const char* name : pelkedit::prop::kAll) EXPECT_EQ(schema.count(name), 1u) << name;
 }
 
 TEST(RecordDefaultsTest, NewRecordIsAnOpenUnansweredOpportunityWithoutDates) {

@@ -1,4 +1,5 @@
 #include "contracts/advisor.h"
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "tabs/advisor/advice_message.h"
 #include "tabs/advisor/advisor_tab.h"
@@ -57,9 +58,9 @@ void FormatBasic(RichTextBox& box, const ComposedAdvice& advice) {
 
 void AdvisorTab::RefreshAdvisorMsg() {
   RunMethod(EditorContext::Proc("RefreshAdvisorMsg"), [&] {
-    auto& box = ctx_.Get<RichTextBox>("rtfAdvisorMsg");
+    auto& box = ctx_.Get<RichTextBox>(widget::rtfAdvisorMsg);
     IRecord& rec = ctx_.Rec();
-    const std::int32_t status = rec.Get("Status").AsLong();
+    const std::int32_t status = rec.Get(prop::Status).AsLong();
     if (status == eEditStatusWon || status == eEditStatusLost) {
       box.SetText("The sales cycle is complete.");
       return;
@@ -70,20 +71,20 @@ void AdvisorTab::RefreshAdvisorMsg() {
     }
     box.SetVisible(false);
     IAdvisor& advisor = ctx_.Adv();
-    const bool expert = rec.Get("ExpertMode").AsBool();
+    const bool expert = rec.Get(prop::ExpertMode).AsBool();
     std::string alert;
     std::string heading;
     std::string body;
     ComposedAdvice advice;
     if (expert) {
-      const std::string title = advisor.Get("ExpertAdviceTitle").AsString();
-      alert = advisor.Get("ExpertAdviceAlert").AsString();
-      heading = advisor.Get("ExpertAdviceHeading").AsString();
-      body = advisor.Get("ExpertAdviceBody").AsString();
+      const std::string title = advisor.Get(fact::ExpertAdviceTitle).AsString();
+      alert = advisor.Get(fact::ExpertAdviceAlert).AsString();
+      heading = advisor.Get(fact::ExpertAdviceHeading).AsString();
+      body = advisor.Get(fact::ExpertAdviceBody).AsString();
       advice = ComposeExpertAdvice(title, alert, heading, body);
     } else {
-      advice = ComposeBasicAdvice(advisor.Get("BasicAdviceTitle").AsString(),
-                                  advisor.Get("BasicAdviceBody").AsString());
+      advice = ComposeBasicAdvice(advisor.Get(fact::BasicAdviceTitle).AsString(),
+                                  advisor.Get(fact::BasicAdviceBody).AsString());
     }
     box.SetFontName(kAdviceFont);
     box.SetText("");
@@ -102,15 +103,15 @@ void AdvisorTab::RefreshAdvisorMsg() {
 void AdvisorTab::InitSalesCycleGraph() {
   RunMethod(EditorContext::Proc("InitSalesCycleGraph"), [&] {
     IAdvisor& advisor = ctx_.Adv();
-    ctx_.Get<TextBox>("txtSalesCycle")
-        .SetText(advisor.Get("SalesCycleLine1").AsString() + "\r\n" +
-                 advisor.Get("SalesCycleLine2").AsString());
-    const auto& graph = ctx_.Get<PictureBox>("picSalesCycle");
-    auto& marker = ctx_.Get<PictureBox>("picLine");
+    ctx_.Get<TextBox>(widget::txtSalesCycle)
+        .SetText(advisor.Get(fact::SalesCycleLine1).AsString() + "\r\n" +
+                 advisor.Get(fact::SalesCycleLine2).AsString());
+    const auto& graph = ctx_.Get<PictureBox>(widget::picSalesCycle);
+    auto& marker = ctx_.Get<PictureBox>(widget::picLine);
     const double px = kTwipsPerPixel;
     const double graphLeft = graph.Left();
     marker.SetTop(static_cast<float>(graph.Top() + kMarkerTopGap * px));
-    const double position = advisor.Get("SalesCyclePosition").AsDouble();
+    const double position = advisor.Get(fact::SalesCyclePosition).AsDouble();
     double left = graphLeft + (kCycleStart + position * kCycleLength - kMarkerHalf) * px;
     const double rightLimit = graphLeft + graph.Width() - kMarkerRightLimit * px;
     if (left > rightLimit) {

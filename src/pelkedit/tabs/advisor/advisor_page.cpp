@@ -1,3 +1,4 @@
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
 #include "tabs/advisor/advisor_tab.h"
@@ -7,11 +8,11 @@ namespace pelkedit {
 
 void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
-  page.Place<RichTextBox>("rtfAdvisorMsg", 10, 10, 300, 316);
+  page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316);
   page.Caption("lblAdvisorSCGraph", 328, 10, 250, "Sales Cycle Graph");
-  page.Place<PictureBox>("picSalesCycle", 328, 30, 250, 117);
-  page.Place<PictureBox>("picLine", 328, 43, 8, 101);
-  auto& caption = page.Place<TextBox>("txtSalesCycle", 328, 155, 250, 40);
+  page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
+  page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101);
+  auto& caption = page.Place<TextBox>(widget::txtSalesCycle, 328, 155, 250, 40);
   caption.SetMultiline(true);
   caption.SetLocked(true);
 }

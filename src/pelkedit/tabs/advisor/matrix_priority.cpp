@@ -1,5 +1,6 @@
 #include "tabs/advisor/matrix_priority.h"
 
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/tab_strips.h"
 #include "trace/error_paths.h"
@@ -28,13 +29,13 @@ void MatrixPriority::GetSquareCoordinates(std::int32_t column, std::int32_t row,
 void MatrixPriority::RefreshMatrixInfo(bool showAdvisor) {
   RunMethod(EditorContext::Proc("RefreshMatrixInfo"), [&] {
     IRecord& rec = ctx_.Rec();
-    const std::int32_t userColumn = rec.Get("WIH").AsLong();
-    const std::int32_t userRow = rec.Get("WWGI").AsLong();
-    const std::int32_t advisorColumn = rec.Get("AdvisorWih").AsLong();
-    const std::int32_t advisorRow = rec.Get("AdvisorWwgi").AsLong();
-    auto& userSquare = ctx_.Get<PictureBox>("picPmUserSqr");
-    auto& advisorSquare = ctx_.Get<PictureBox>("picPmAdvSqr");
-    auto& commonSquare = ctx_.Get<PictureBox>("picPmCmnSqr");
+    const std::int32_t userColumn = rec.Get(prop::WIH).AsLong();
+    const std::int32_t userRow = rec.Get(prop::WWGI).AsLong();
+    const std::int32_t advisorColumn = rec.Get(prop::AdvisorWih).AsLong();
+    const std::int32_t advisorRow = rec.Get(prop::AdvisorWwgi).AsLong();
+    auto& userSquare = ctx_.Get<PictureBox>(widget::picPmUserSqr);
+    auto& advisorSquare = ctx_.Get<PictureBox>(widget::picPmAdvSqr);
+    auto& commonSquare = ctx_.Get<PictureBox>(widget::picPmCmnSqr);
     float left = 0;
     float top = 0;
     if (userColumn != advisorColumn || userRow != advisorRow || !showAdvisor) {
@@ -43,8 +44,8 @@ void MatrixPriority::RefreshMatrixInfo(bool showAdvisor) {
       userSquare.SetTop(top);
       userSquare.SetVisible(true);
       if (showAdvisor) {
-        GetSquareCoordinates(rec.Get("AdvisorWih").AsLong(), rec.Get("AdvisorWwgi").AsLong(), left,
-                             top);
+        GetSquareCoordinates(rec.Get(prop::AdvisorWih).AsLong(),
+                             rec.Get(prop::AdvisorWwgi).AsLong(), left, top);
         advisorSquare.SetLeft(left);
         advisorSquare.SetTop(top);
         advisorSquare.SetVisible(true);
@@ -65,18 +66,19 @@ void MatrixPriority::RefreshMatrixInfo(bool showAdvisor) {
 
 void MatrixPriority::RefreshPriorityInfo(bool showAdvisor) {
   RunMethod(EditorContext::Proc("RefreshPriorityInfo"), [&] {
-    auto& userPicture = ctx_.Get<PictureBox>("picUserPriority");
-    auto& advisorPicture = ctx_.Get<PictureBox>("picAdvPriority");
+    auto& userPicture = ctx_.Get<PictureBox>(widget::picUserPriority);
+    auto& advisorPicture = ctx_.Get<PictureBox>(widget::picAdvPriority);
     if (showAdvisor) {
       advisorPicture.ClearPicture();
-      advisorPicture.SetPicture(kAdvisorPriorityBase + ctx_.Adv().Get("AdvisorPriority").AsLong());
+      advisorPicture.SetPicture(kAdvisorPriorityBase +
+                                ctx_.Adv().Get(fact::AdvisorPriority).AsLong());
       advisorPicture.SetVisible(true);
       userPicture.SetVisible(false);
       return;
     }
     advisorPicture.SetVisible(false);
     userPicture.ClearPicture();
-    userPicture.SetPicture(kUserPriorityBase + ctx_.Adv().Get("UserPriority").AsLong());
+    userPicture.SetPicture(kUserPriorityBase + ctx_.Adv().Get(fact::UserPriority).AsLong());
     userPicture.SetVisible(true);
   });
 }

@@ -1,5 +1,6 @@
 #include "tabs/essentials/essentials_tab.h"
 
+#include "contracts/names.h"
 #include "control/answer.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
@@ -15,13 +16,14 @@ const char* const kLevels[] = {"Low", "Medium", "High"};
 constexpr std::int32_t kLevelCount = 3;
 
 const Answer kWih{"UpdateUserWIH",
-                  "WIH",
-                  "WIH",
-                  {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"}};
-const Answer kWwgi{"UpdateUserWWGI",
-                   "WWGI",
-                   "WWGI",
-                   {"AdvisorWih", "AdvisorWwgi", "AdvisorPriority", "UserPriority"}};
+                  fact::WIH,
+                  prop::WIH,
+                  {fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorPriority, fact::UserPriority}};
+const Answer kWwgi{
+    "UpdateUserWWGI",
+    fact::WWGI,
+    prop::WWGI,
+    {fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorPriority, fact::UserPriority}};
 
 // The option groups of the two questions and the answers they commit.
 struct Question {
@@ -40,22 +42,22 @@ void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
   page.Caption("lblEssentWWGI", 12, 104, 140, "Will We Get It?");
   page.OptionColumn("optWwgi", 24, 124, kOptionWidth, kLevels);
   page.Caption("lblEssentWWIH", 12, 198, 160, "When Will It Happen?");
-  page.Place<DateEdit>("deWwih", 24, 218, 120, layout::kFieldHeight);
-  page.Place<Calendar>("dtWwih", 24, 120, 230, 180).SetVisible(false);
+  page.Place<DateEdit>(widget::deWwih, 24, 218, 120, layout::kFieldHeight);
+  page.Place<Calendar>(widget::dtWwih, 24, 120, 230, 180).SetVisible(false);
 
   page.Caption("lblEssentMatrix", 190, 10, 139, "Probability Matrix");
-  auto& matrix = page.Place<PictureBox>("picProbabilitMatrix", 190, 30, 139, 139);
+  auto& matrix = page.Place<PictureBox>(widget::picProbabilitMatrix, 190, 30, 139, 139);
   constexpr float kSquare = 36;
-  for (const char* square : {"picPmUserSqr", "picPmAdvSqr", "picPmCmnSqr"}) {
+  for (const char* square : {widget::picPmUserSqr, widget::picPmAdvSqr, widget::picPmCmnSqr}) {
     page.PlaceInPicture<PictureBox>(square, matrix, 25, 40, kSquare, kSquare);
   }
-  widgets.Get<PictureBox>("picPmAdvSqr").SetVisible(false);
-  widgets.Get<PictureBox>("picPmCmnSqr").SetVisible(false);
+  widgets.Get<PictureBox>(widget::picPmAdvSqr).SetVisible(false);
+  widgets.Get<PictureBox>(widget::picPmCmnSqr).SetVisible(false);
 
   page.Caption("lblEssentPriority", 360, 10, 140, "Priority");
-  page.Place<PictureBox>("picUserPriority", 360, 30, 140, 140);
-  page.Place<PictureBox>("picAdvPriority", 360, 30, 140, 140).SetVisible(false);
-  auto& advisorSays = page.Place<Button>("cmdAdvisorSays", 360, 180, 140, 26);
+  page.Place<PictureBox>(widget::picUserPriority, 360, 30, 140, 140);
+  page.Place<PictureBox>(widget::picAdvPriority, 360, 30, 140, 140).SetVisible(false);
+  auto& advisorSays = page.Place<Button>(widget::cmdAdvisorSays, 360, 180, 140, 26);
   advisorSays.SetCaption("Advisor says");
   advisorSays.SetVisible(false);
 }
@@ -65,18 +67,18 @@ void EssentialsTab::Wire() {
     WireOptionAnswer(ctx_, question.prefix, {kLevels[0], kLevels[1], kLevels[2]}, question.answer,
                      [this] { Redraw(); });
   }
-  auto& dateEdit = ctx_.Get<DateEdit>("deWwih");
+  auto& dateEdit = ctx_.Get<DateEdit>(widget::deWwih);
   dateEdit.onLostFocus = [this] { DeWwihLostFocus(); };
   dateEdit.onClickDrop = [this] { DeWwihClickDrop(); };
-  auto& calendar = ctx_.Get<Calendar>("dtWwih");
+  auto& calendar = ctx_.Get<Calendar>(widget::dtWwih);
   calendar.onDateClick = [this](int day, int month, int year) {
     DtWwihDateClick(day, month, year);
   };
   calendar.onLostFocus = [this] {
     RunHandler(EditorContext::Proc("dtWwih_LostFocus"), ctx_.platform,
-               [&] { ctx_.Get<Calendar>("dtWwih").SetVisible(false); });
+               [&] { ctx_.Get<Calendar>(widget::dtWwih).SetVisible(false); });
   };
-  auto& advisorSays = ctx_.Get<Button>("cmdAdvisorSays");
+  auto& advisorSays = ctx_.Get<Button>(widget::cmdAdvisorSays);
   advisorSays.onMouseDown = [this](int, int, float, float) {
     AdvisorSays("cmdAdvisorSays_MouseDown", true);
   };
@@ -102,7 +104,7 @@ void EssentialsTab::Collect(CollectReason reason) {
 }
 
 void EssentialsTab::HostChanged(HostChange change) {
-  if (change == HostChange::kUpgrade) ctx_.Get<Button>("cmdAdvisorSays").SetVisible(true);
+  if (change == HostChange::kUpgrade) ctx_.Get<Button>(widget::cmdAdvisorSays).SetVisible(true);
 }
 
 // A new start date moves the priority, not the matrix.
@@ -123,19 +125,19 @@ void EssentialsTab::SelectOption(const std::string& prefix, std::int32_t code) {
 void EssentialsTab::InitIboEssentials() {
   RunMethod(EditorContext::Proc("InitIboEssentials"), [&] {
     IRecord& rec = ctx_.Rec();
-    ctx_.Get<Button>("cmdAdvisorSays").SetVisible(ctx_.state.expertView);
+    ctx_.Get<Button>(widget::cmdAdvisorSays).SetVisible(ctx_.state.expertView);
     Redraw();
     for (const Question& question : kQuestions) {
       const std::int32_t code = rec.Get(question.answer.property).AsLong();
       if (code >= 0 && code < kLevelCount) SelectOption(question.prefix, code);
     }
-    auto& dateEdit = ctx_.Get<DateEdit>("deWwih");
+    auto& dateEdit = ctx_.Get<DateEdit>(widget::deWwih);
     dateEdit.SetMinDay(kFirstWwihDay);
     dateEdit.SetMaxDay(kLastWwihDay);
-    const Date wwih = rec.Get("WwihDate").AsDate();
+    const Date wwih = rec.Get(prop::WwihDate).AsDate();
     if (!dateEdit.InBounds(DayNumberOf(wwih))) {
-      Raise(errnum::kInvalidPropertyValue, "deWwih",
-            "IBO " + std::to_string(rec.Get("IboNumber").AsLong()) + " holds the WWIH date " +
+      Raise(errnum::kInvalidPropertyValue, widget::deWwih,
+            "IBO " + std::to_string(rec.Get(prop::IboNumber).AsLong()) + " holds the WWIH date " +
                 wwih.ToIso() + ", outside the dates the calendar accepts (" +
                 GetDateFromLong(kFirstWwihDay).ToIso() + " to " +
                 GetDateFromLong(kLastWwihDay).ToIso() + ").");
@@ -155,11 +157,11 @@ void EssentialsTab::SaveEssentialsTab() {
 // A new WWIH date goes to the advisor first, then to the record with the advisor's results.
 void EssentialsTab::ApplyWwihDate(const Date& newDate) {
   IAdvisor& advisor = ctx_.Adv();
-  advisor.Set("WwihDate", newDate);
+  advisor.Set(fact::WwihDate, newDate);
   advisor.Evaluate();
-  ctx_.Rec().Set("WwihDate", newDate);
-  ctx_.CopyAdvisorResults(
-      {"AdvisorPriority", "AdvisorWih", "AdvisorWwgi", "AdvisorExtraResult", "UserPriority"});
+  ctx_.Rec().Set(prop::WwihDate, newDate);
+  ctx_.CopyAdvisorResults({fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
+                           fact::AdvisorExtraResult, fact::UserPriority});
   ctx_.MarkIboAsDirty();
   matrix_.RefreshPriorityInfo(false);
 }
@@ -170,15 +172,15 @@ void EssentialsTab::DeWwihLostFocus() {
 }
 
 void EssentialsTab::CommitTypedDate() {
-  auto& dateEdit = ctx_.Get<DateEdit>("deWwih");
+  auto& dateEdit = ctx_.Get<DateEdit>(widget::deWwih);
   const Date newDate = GetDateFromLong(dateEdit.Day());
   IRecord& rec = ctx_.Rec();
-  if (newDate < rec.Get("StartDate").AsDate()) {
+  if (newDate < rec.Get(prop::StartDate).AsDate()) {
     InvalidWwihDate();
-    dateEdit.SetDate(rec.Get("WwihDate").AsDate());
+    dateEdit.SetDate(rec.Get(prop::WwihDate).AsDate());
     return;
   }
-  if (newDate == rec.Get("WwihDate").AsDate()) return;
+  if (newDate == rec.Get(prop::WwihDate).AsDate()) return;
   ApplyWwihDate(newDate);
 }
 
@@ -191,8 +193,8 @@ void EssentialsTab::InvalidWwihDate() {
 
 void EssentialsTab::DeWwihClickDrop() {
   RunHandler(EditorContext::Proc("deWwih_ClickDrop"), ctx_.platform, [&] {
-    auto& calendar = ctx_.Get<Calendar>("dtWwih");
-    calendar.SetDay(ctx_.Get<DateEdit>("deWwih").Day());
+    auto& calendar = ctx_.Get<Calendar>(widget::dtWwih);
+    calendar.SetDay(ctx_.Get<DateEdit>(widget::deWwih).Day());
     calendar.BringToFront();
     calendar.SetVisible(true);
     calendar.SetFocus();
@@ -201,15 +203,15 @@ void EssentialsTab::DeWwihClickDrop() {
 
 void EssentialsTab::DtWwihDateClick(int day, int month, int year) {
   RunHandler(EditorContext::Proc("dtWwih_DateClick"), ctx_.platform, [&] {
-    ctx_.Get<Calendar>("dtWwih").SetVisible(false);
+    ctx_.Get<Calendar>(widget::dtWwih).SetVisible(false);
     const Date newDate = Date::FromCivil(year, month, day);
     const std::int32_t dayNumber = DayNumberOf(newDate);
     IRecord& rec = ctx_.Rec();
-    if (newDate < rec.Get("StartDate").AsDate()) {
+    if (newDate < rec.Get(prop::StartDate).AsDate()) {
       InvalidWwihDate();
       return;
     }
-    ctx_.Get<DateEdit>("deWwih").SetDay(dayNumber);
+    ctx_.Get<DateEdit>(widget::deWwih).SetDay(dayNumber);
     ApplyWwihDate(newDate);
   });
 }
