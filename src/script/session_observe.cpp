@@ -37,11 +37,9 @@ const pelkor::PropertyInfo& RecordProperty(const IndexedName& target) {
 // Reads a property of a record the runner holds; a failure to read is a script error.
 Variant ReadRecord(pelkedit::IRecord& record, const IndexedName& target) {
   RecordProperty(target);
-  try {
+  return AsScriptError("cannot read record." + target.name, [&] {
     return target.index >= 0 ? record.GetAt(target.name, target.index) : record.Get(target.name);
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("cannot read record." + target.name + ": " + error.Description());
-  }
+  });
 }
 
 std::vector<std::string> SplitDots(const std::string& text) {
@@ -107,11 +105,8 @@ Observed Session::EvaluateAdvisor(const std::string& name) {
   if (!pelkor::FindAdvisorName(name)) throw ScriptError("unknown advisor fact or result " + name);
   const auto advisor = Component().Advisor();
   if (!advisor) return kNone;
-  try {
-    return Unwrapped(*advisor).Get(name);
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("cannot read advisor." + name + ": " + error.Description());
-  }
+  return AsScriptError("cannot read advisor." + name,
+                       [&]() -> Observed { return Unwrapped(*advisor).Get(name); });
 }
 
 Observed Session::EvaluateDb(const std::string& rest) {
@@ -122,30 +117,20 @@ Observed Session::EvaluateDb(const std::string& rest) {
   const IndexedName target = ParseIndexedName(parts[2]);
   RecordProperty(target);
   const auto table = pelkor::TableForProcedure(ProcedureForView(view));
-  std::optional<pelkedit::Blob> stored;
-  try {
-    stored = world_.Db()->Find(table, id);
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("cannot read the database: " + error.Description());
-  }
+  const std::optional<pelkedit::Blob> stored =
+      AsScriptError("cannot read the database", [&] { return world_.Db()->Find(table, id); });
   if (!stored) return kNone;
   const auto record = pelkor::CreateIboProperties();
-  try {
-    record->SetIboData(*stored);
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("the stored record " + std::to_string(id) +
-                      " cannot be decoded: " + error.Description());
-  }
+  AsScriptError("the stored record " + std::to_string(id) + " cannot be decoded",
+                [&] { record->SetIboData(*stored); });
   return ReadRecord(*record, target);
 }
 
 Observed Session::EvaluateSize() {
   auto& record = RealRecord();
-  try {
+  return AsScriptError("cannot measure the record", [&]() -> Observed {
     return pelkor::CreateIboSizeCalculator()->GetPhysicalSize(record.GetIboData());
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("cannot measure the record: " + error.Description());
-  }
+  });
 }
 
 void Session::Print(const Words& w) {

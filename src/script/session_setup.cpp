@@ -111,11 +111,7 @@ void Session::EngineResult(const Words& w) {
   for (std::size_t i = 1; i < w.size(); ++i) {
     const Assignment a = ParseAssignment(w[i].raw);
     if (a.index >= 0) throw ScriptError("engine results are not indexed: " + w[i].raw);
-    try {
-      world_.results->Set(a.name, a.value);
-    } catch (const pelkedit::PelkError& error) {
-      throw ScriptError("engine-result " + a.name + ": " + error.Description());
-    }
+    AsScriptError("engine-result " + a.name, [&] { world_.results->Set(a.name, a.value); });
   }
 }
 
@@ -131,24 +127,19 @@ void Session::Ibo(const Words& w) {
   }
   const auto record = pelkor::CreateIboProperties();
   const auto set = [&](const Assignment& a) {
-    try {
+    AsScriptError("ibo " + a.name, [&] {
       if (a.index >= 0) {
         record->SetAt(a.name, a.index, a.value);
       } else {
         record->Set(a.name, a.value);
       }
-    } catch (const pelkedit::PelkError& error) {
-      throw ScriptError("ibo " + a.name + ": " + error.Description());
-    }
+    });
   };
   set({"IboId", -1, id});
   if (!numberGiven) set({"IboNumber", -1, id});
   for (const auto& a : assignments) set(a);
-  try {
-    world_.Db()->Write(pelkor::TableForProcedure(proc), record->GetIboData());
-  } catch (const pelkedit::PelkError& error) {
-    throw ScriptError("ibo " + std::to_string(id) + " cannot be stored: " + error.Description());
-  }
+  AsScriptError("ibo " + std::to_string(id) + " cannot be stored",
+                [&] { world_.Db()->Write(pelkor::TableForProcedure(proc), record->GetIboData()); });
 }
 
 void Session::File(const Words& w) {

@@ -45,14 +45,12 @@ Frame& FrameOf(WidgetRegistry& widgets, const TabPlace& place) {
 }
 
 void BuildEditorShell(WidgetRegistry& widgets) {
+  PageLayout form(widgets, nullptr);
   const TabStrip& mainStrip = ExpertMainStrip();
-  auto& strip = widgets.Make<PictureBox>(widget::picMainTab);
-  strip.Move(0, 0, static_cast<float>(mainStrip.widthPixels) * kTwipsPerPixel,
-             static_cast<float>(mainStrip.heightPixels) * kTwipsPerPixel);
+  form.Place<PictureBox>(widget::picMainTab, 0, 0, static_cast<float>(mainStrip.widthPixels),
+                         static_cast<float>(mainStrip.heightPixels));
   for (const char* name : kMainFrames) {
-    auto& frame = widgets.Make<Frame>(name);
-    frame.Move(0, kFrameTop * kTwipsPerPixel, kFormWidth * kTwipsPerPixel,
-               kFrameHeight * kTwipsPerPixel);
+    form.Place<Frame>(name, 0, kFrameTop, kFormWidth, kFrameHeight);
   }
 
   PageLayout environment(widgets, widgets.Get<Frame>(MainFrameName(tab::kSalesEnvironment)));
@@ -71,16 +69,13 @@ void BuildEditorShell(WidgetRegistry& widgets) {
 }
 
 void BuildEditorButtons(WidgetRegistry& widgets) {
-  auto& save = widgets.Make<Button>(widget::cmdSave);
-  save.Move((kFormWidth - 2 * kButtonWidth - 2 * kButtonGap) * kTwipsPerPixel,
-            kButtonTop * kTwipsPerPixel, kButtonWidth * kTwipsPerPixel,
-            kButtonHeight * kTwipsPerPixel);
-  save.SetCaption("&Save");
-  auto& cancel = widgets.Make<Button>(widget::cmdCancel);
-  cancel.Move((kFormWidth - kButtonWidth - kButtonGap) * kTwipsPerPixel,
-              kButtonTop * kTwipsPerPixel, kButtonWidth * kTwipsPerPixel,
-              kButtonHeight * kTwipsPerPixel);
-  cancel.SetCaption("&Cancel");
+  PageLayout form(widgets, nullptr);
+  form.Place<Button>(widget::cmdSave, kFormWidth - 2 * kButtonWidth - 2 * kButtonGap, kButtonTop,
+                     kButtonWidth, kButtonHeight)
+      .SetCaption("&Save");
+  form.Place<Button>(widget::cmdCancel, kFormWidth - kButtonWidth - kButtonGap, kButtonTop,
+                     kButtonWidth, kButtonHeight)
+      .SetCaption("&Cancel");
 }
 
 }  // namespace pelkedit

@@ -16,11 +16,13 @@ inline constexpr float kOptionHeight = 20;
 inline constexpr float kFieldHeight = 22;
 }  // namespace layout
 
-// Places a page's widgets on its frame. Positions and sizes are given in pixels and kept in
-// twips, as the component's frames measure them; markers inside a picture keep pixels.
+// Places widgets on a frame (or, with no parent, on the form or a dialog). Positions and sizes
+// are given in pixels and kept in twips, as the component's frames measure them; markers
+// inside a picture keep pixels.
 class PageLayout {
  public:
-  PageLayout(WidgetRegistry& widgets, Widget& parent) : widgets_(widgets), parent_(&parent) {}
+  PageLayout(WidgetRegistry& widgets, Widget* parent) : widgets_(widgets), parent_(parent) {}
+  PageLayout(WidgetRegistry& widgets, Widget& parent) : PageLayout(widgets, &parent) {}
 
   template <typename W>
   W& Place(const std::string& name, float left, float top, float width, float height) {

@@ -1,5 +1,6 @@
 #include "dialogs/frm_start_date.h"
 
+#include "control/page_layout.h"
 #include "locale/mod_locale.h"
 #include "platform/platform.h"
 #include "trace/error_paths.h"
@@ -10,9 +11,6 @@ namespace {
 
 constexpr int kDialogWidth = 260;
 constexpr int kDialogHeight = 110;
-constexpr float Px(float pixels) {
-  return pixels * kTwipsPerPixel;
-}
 
 std::string Proc(std::string_view procedure) {
   return Qualified(FrmStartDate::kName, procedure);
@@ -21,17 +19,14 @@ std::string Proc(std::string_view procedure) {
 }  // namespace
 
 FrmStartDate::FrmStartDate(IPlatform& platform) : platform_(platform) {
-  auto& label = Widgets().Make<Label>("lblStartDate");
-  label.SetCaption("&Start date:");
-  label.Move(Px(16), Px(22), Px(80), Px(17));
-  Widgets().Make<DateField>(kDateField).Move(Px(100), Px(18), Px(140), Px(22));
-  auto& save = Widgets().Make<Button>(kSaveButton);
+  PageLayout dialog(Widgets(), nullptr);
+  dialog.Place<Label>("lblStartDate", 16, 22, 80, 17).SetCaption("&Start date:");
+  dialog.Place<DateField>(kDateField, 100, 18, 140, 22);
+  auto& save = dialog.Place<Button>(kSaveButton, 64, 68, 84, 26);
   save.SetCaption("Save");
-  save.Move(Px(64), Px(68), Px(84), Px(26));
   save.onClick = [this] { CmdSaveClick(); };
-  auto& cancel = Widgets().Make<Button>(kCancelButton);
+  auto& cancel = dialog.Place<Button>(kCancelButton, 156, 68, 84, 26);
   cancel.SetCaption("Cancel");
-  cancel.Move(Px(156), Px(68), Px(84), Px(26));
   cancel.onClick = [this] { CmdCancelClick(); };
 }
 
