@@ -108,8 +108,13 @@ class HostWindowTest : public QObject {
   void opensTheIboWithTitleStatusAndMode() {
     Host host;
     QVERIFY(host.Open(kExpertIbo));
-    QVERIFY(host.window->windowTitle().contains("Pelkor"));
-    QVERIFY(host.window->windowTitle().size() > QString("Pelkor").size());
+    // The editor's caption, the company, and the unsaved-changes marker.
+    const QString company = QString::fromStdString(
+        host.window->Component()->Record()->Get("ContactCompany").AsString());
+    QVERIFY(host.window->windowTitle().startsWith("IBO#"));
+    QVERIFY(!company.isEmpty() && host.window->windowTitle().contains(company));
+    QVERIFY(host.window->windowTitle().endsWith("[*]"));
+    QVERIFY(!host.window->isWindowModified());
     QCOMPARE(host.window->StatusText(), QString("Status: Open"));
     QCOMPARE(host.window->ModeText(), QString("Expert mode"));
     QCOMPARE(host.window->Form()->size(), QSize(600, 400));
@@ -133,6 +138,7 @@ class HostWindowTest : public QObject {
     ClickOption(host.Qt<QRadioButton>("optWihLow"));
     QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
     QVERIFY(host.window->Component()->IboChanged());
+    QVERIFY(host.window->isWindowModified());
     QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
     QVERIFY(!host.Qt<QRadioButton>("optWihHigh")->isChecked());
   }

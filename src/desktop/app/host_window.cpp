@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
@@ -9,7 +10,9 @@
 #include <vector>
 
 #include "app/open_ibo_dialog.h"
+#include "app/window_keys.h"
 #include "contracts/names.h"
+#include "control/layout.h"
 #include "pictures/pictures.h"
 #include "platform/platform.h"
 #include "values/error.h"
@@ -21,6 +24,7 @@ namespace {
 constexpr int kFormWidth = 600;
 constexpr int kFormHeight = 400;
 constexpr const char* kAppTitle = "Pelkor";
+constexpr const char* kCompanyProperty = "ContactCompany";
 constexpr int kStatusMessageMs = 8000;
 
 struct StatusChoice {
@@ -48,6 +52,22 @@ BinderOptions FormOptions(QtPlatform& platform) {
                            {pelkedit::widget::picPmCmnSqr, picture::kCommonSquare},
                            {pelkedit::widget::picSalesCycle, picture::kSalesCycle},
                            {pelkedit::widget::picLine, picture::kCycleMarker}};
+  // A larger window gives its room to the frames and the advice; Save and Cancel stay in the
+  // bottom right corner, the sales-cycle graph at the right edge.
+  using namespace stretch;
+  for (std::int32_t tab = 0; tab < pelkedit::tab::kMainCount; ++tab) {
+    options.stretch[pelkedit::MainFrameName(tab)] = kGrowWidth | kGrowHeight;
+  }
+  for (std::int32_t phase = 0; phase < pelkedit::tab::kPhaseCount; ++phase) {
+    options.stretch[pelkedit::PhaseFrameName(phase)] = kGrowWidth | kGrowHeight;
+  }
+  options.stretch[pelkedit::widget::cmdSave] = kFollowRight | kFollowBottom;
+  options.stretch[pelkedit::widget::cmdCancel] = kFollowRight | kFollowBottom;
+  options.stretch[pelkedit::widget::rtfAdvisorMsg] = kGrowWidth | kGrowHeight;
+  for (const char* graph : {"lblAdvisorSCGraph", pelkedit::widget::picSalesCycle,
+                            pelkedit::widget::picLine, pelkedit::widget::txtSalesCycle}) {
+    options.stretch[graph] = kFollowRight;
+  }
   return options;
 }
 
@@ -68,9 +88,11 @@ void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
 QString ErrorText(const std::exception& error) {
   const auto* pelk = dynamic_cast<const pelkedit::PelkError*>(&error);
   if (pelk == nullptr) return QString::fromUtf8(error.what());
-  return QString("Error %1 in %2:\n%3")
+  // The sentence for people first; the number and source go into the box's details.
+  return QString("%1\nError %2 in %3")
+      .arg(QString::fromStdString(pelk->Description()))
       .arg(pelk->Number())
-      .arg(QString::fromStdString(pelk->Source()), QString::fromStdString(pelk->Description()));
+      .arg(QString::fromStdString(pelk->Source()));
 }
 
 QString StatusName(std::int32_t status) {
@@ -84,14 +106,18 @@ HostWindow::HostWindow(EditorEnvironment& environment, QWidget* parent)
     : QMainWindow(parent),
       environment_(environment),
       statusLabel_(new QLabel(this)),
-      modeLabel_(new QLabel(this)) {
+      modeLabel_(new QLabel(this)),
+      tableLabel_(new QLabel(this)) {
   setObjectName("frmHost");
   setWindowTitle(kAppTitle);
   statusLabel_->setObjectName("lblHostStatus");
   modeLabel_->setObjectName("lblHostMode");
+  tableLabel_->setObjectName("lblHostTable");
+  statusBar()->addPermanentWidget(tableLabel_);
   statusBar()->addPermanentWidget(statusLabel_);
   statusBar()->addPermanentWidget(modeLabel_);
   BuildMenus();
+  InstallWindowKeys(*this);
   UpdateActions();
   QtPlatform& platform = environment_.Platform();
   platform.SetHostWindow(this);
@@ -118,9 +144,14 @@ void HostWindow::BuildMenus() {
   iboMenu_ = menuBar()->addMenu(tr("&IBO"));
   iboMenu_->addAction(tr("Change Start &Date..."), this, &HostWindow::ChangeStartDate);
   QMenu* status = iboMenu_->addMenu(tr("Change &Status"));
+  statusActions_ = new QActionGroup(this);
   for (const StatusChoice& choice : kStatusChoices) {
     const std::int32_t code = choice.status;
-    status->addAction(tr(choice.caption), this, [this, code] { ChangeStatus(code); });
+    QAction* action =
+        status->addAction(tr(choice.caption), this, [this, code] { ChangeStatus(code); });
+    action->setCheckable(true);
+    action->setData(code);
+    statusActions_->addAction(action);
   }
   upgradeAction_ =
       iboMenu_->addAction(tr("&Upgrade to Expert Mode"), this, &HostWindow::UpgradeToExpert);
@@ -141,18 +172,59 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   if (!loaded) return false;
   auto* form = new QWidget;
   form->setObjectName("frmIboEdit");
-  form->setFixedSize(kFormWidth, kFormHeight);
+  form->setMinimumSize(kFormWidth, kFormHeight);
+  form->installEventFilter(this);
   auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
   binder->setObjectName("binder");
   SetTabOrder(component->Widgets(), *binder);
+  connect(binder, &Binder::userActionHandled, this, &HostWindow::UpdateTitle);
+  if (QWidget* advisorSays = binder->WidgetFor(pelkedit::widget::cmdAdvisorSays)) {
+    advisorSays->setToolTip(tr("Hold the button (or Space) to see the advisor's view"));
+  }
   // The old form and its binder go now, not later: they point at the old component's models.
   delete takeCentralWidget();
   setCentralWidget(form);
   form_ = form;
   binder_ = binder;
   component_ = std::move(component);
+  tableLabel_->setText(view == pelkedit::view::kArchive ? tr("Archived IBO") : QString());
   UpdateActions();
+  UpdateTitle();
   return true;
+}
+
+bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == form_ && event->type() == QEvent::Resize && binder_) {
+    binder_->SetExtraRoom(form_->size() - QSize(kFormWidth, kFormHeight));
+  }
+  return QMainWindow::eventFilter(watched, event);
+}
+
+void HostWindow::FocusFirstOfShownPage() {
+  if (!component_ || !binder_) return;
+  const QWidget* focused = QApplication::focusWidget();
+  if (focused != nullptr && focused->isVisible()) return;
+  for (const pelkedit::Widget* model : component_->Widgets().All()) {
+    QWidget* widget = model->Focusable() ? binder_->WidgetFor(model->Name()) : nullptr;
+    if (widget == nullptr || !widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus)) {
+      continue;
+    }
+    widget->setFocus(Qt::TabFocusReason);
+    return;
+  }
+}
+
+void HostWindow::UpdateTitle() {
+  QString title = QString::fromStdString(caption_);
+  if (component_ && component_->Record()) {
+    QString company;
+    HostCall([&] {
+      company = QString::fromStdString(component_->Record()->Get(kCompanyProperty).AsString());
+    });
+    if (!company.isEmpty()) title += QString::fromUtf8(" \u2014 ") + company;
+  }
+  setWindowTitle((title.isEmpty() ? QString(kAppTitle) : title) + "[*]");
+  setWindowModified(component_ && component_->IboChanged());
 }
 
 bool HostWindow::HostCall(const std::function<void()>& call) {
@@ -163,6 +235,12 @@ bool HostWindow::HostCall(const std::function<void()>& call) {
     ShowError(environment_.Platform(), error);
     return false;
   }
+}
+
+bool HostWindow::ChangeCall(const std::function<void()>& call) {
+  const bool ran = HostCall(call);
+  UpdateTitle();
+  return ran;
 }
 
 bool HostWindow::ReleaseCurrent() {
@@ -209,24 +287,37 @@ void HostWindow::ChooseIbo() {
 }
 
 void HostWindow::ChangeStartDate() {
-  if (component_) HostCall([this] { component_->IboChangeStartDate(); });
+  if (component_) ChangeCall([this] { component_->IboChangeStartDate(); });
 }
 
 void HostWindow::ChangeStatus(std::int32_t status) {
-  if (component_) HostCall([this, status] { component_->IboChangeStatus(status); });
+  if (component_) ChangeCall([this, status] { component_->IboChangeStatus(status); });
+  // A status the change did not reach stays checked as it was.
+  if (component_) HostCall([this] { SetIBOStatus(component_->IboStatus()); });
 }
 
 void HostWindow::UpgradeToExpert() {
-  if (component_) HostCall([this] { component_->IboUpgradeToExpert(); });
+  if (!component_) return;
+  // The upgrade cannot be undone: the user confirms it first.
+  const auto answer = environment_.Platform().MsgBox(
+      tr("Upgrade this IBO to Expert Mode? The Sales Environment questions become part of it, "
+         "and an IBO cannot go back to Basic Mode.")
+          .toStdString(),
+      pelkedit::MsgIcon::kQuestion, pelkedit::MsgButtons::kYesNo, tr("Expert Mode").toStdString());
+  if (answer != pelkedit::MsgAnswer::kYes) return;
+  ChangeCall([this] { component_->IboUpgradeToExpert(); });
 }
 
 void HostWindow::SetFormCaption(const std::string& caption) {
-  const QString text = QString::fromStdString(caption);
-  setWindowTitle(text.isEmpty() ? QString(kAppTitle) : text + " - " + kAppTitle);
+  caption_ = caption;
+  UpdateTitle();
 }
 
 void HostWindow::SetIBOStatus(std::int32_t status) {
   statusLabel_->setText(tr("Status: %1").arg(StatusName(status)));
+  for (QAction* action : statusActions_->actions()) {
+    action->setChecked(action->data().toInt() == status);
+  }
 }
 
 void HostWindow::SetExpertMode(bool expert) {

@@ -14,6 +14,7 @@
 #include "control/pelk_ibo_edit.h"
 
 class QAction;
+class QActionGroup;
 class QMenu;
 
 namespace pelkor::desktop {
@@ -35,6 +36,9 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   QWidget* Form() { return form_; }
   QString StatusText() const;
   QString ModeText() const;
+  // Moves the keyboard focus to the first Tab stop of the page shown, when the focus is on a
+  // page no longer shown.
+  void FocusFirstOfShownPage();
 
   // The host's menu commands.
   void ChooseIbo();
@@ -48,6 +52,7 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void BuildMenus();
@@ -56,7 +61,11 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   bool ReleaseCurrent();
   // Runs a call into the component; a failure is shown to the user. Returns whether it ran.
   bool HostCall(const std::function<void()>& call);
+  // A host call that may change the record: the title follows.
+  bool ChangeCall(const std::function<void()>& call);
   void OnCloseRequested();
+  // The title: the editor's caption, the company, and the unsaved-changes marker.
+  void UpdateTitle();
 
   EditorEnvironment& environment_;
   std::unique_ptr<pelkedit::PelkIboEdit> component_;
@@ -64,7 +73,10 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   QPointer<Binder> binder_;
   QLabel* statusLabel_;
   QLabel* modeLabel_;
+  QLabel* tableLabel_;
   QMenu* iboMenu_ = nullptr;
+  QActionGroup* statusActions_ = nullptr;
+  std::string caption_;
   QAction* upgradeAction_ = nullptr;
   bool expert_ = false;
   // Set while the component's own close request (after Save or Cancel) is being handled.

@@ -112,6 +112,7 @@ Binder::Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions 
       if (it != binder.index_.end()) binder.Apply(binder.bindings_[it->second], property);
     });
   }
+  SetUpKeyboard();
   // Stacking: a larger z-order is in front; equal ones keep the order of creation.
   std::vector<Binding*> stacking;
   for (Binding& binding : bindings_) stacking.push_back(&binding);

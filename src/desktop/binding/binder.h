@@ -16,6 +16,14 @@
 
 namespace pelkor::desktop {
 
+// How a widget follows the form when the form is larger than the component's design.
+namespace stretch {
+inline constexpr int kFollowRight = 1;   // moves with the right edge
+inline constexpr int kFollowBottom = 2;  // moves with the bottom edge
+inline constexpr int kGrowWidth = 4;     // takes the extra width
+inline constexpr int kGrowHeight = 8;    // takes the extra height
+}  // namespace stretch
+
 struct BinderOptions {
   // The user's short-date format (Qt syntax); the date edits take its separator.
   QString shortDateFormat = "M/d/yyyy";
@@ -24,6 +32,8 @@ struct BinderOptions {
   // Called with an error a model raised while handling the user's input; by default the error
   // is shown in a message box over the form.
   std::function<void(const std::exception&)> onError;
+  // Widgets (by name) that follow a form grown beyond the design; the others keep their place.
+  std::map<std::string, int> stretch;
 };
 
 // Shows every widget model of a registry as a real Qt widget of the same object name on a form,
@@ -43,6 +53,11 @@ class Binder : public QObject {
   QWidget* PlacedWidgetFor(const std::string& name) const;
   // The model shown by `widget` or by the nearest bound widget that contains it.
   pelkedit::Widget* ModelFor(const QWidget* widget) const;
+  // Runs a user action on the models as the widgets' own input does: an error is shown, the
+  // focus follows the models, userActionHandled is emitted.
+  void Run(const std::function<void()>& action) { Dispatch(action); }
+  // The room the form has beyond the component's design, in pixels; stretching widgets take it.
+  void SetExtraRoom(QSize extra);
 
  signals:
   // Emitted after each user action has reached the models.
@@ -75,6 +90,14 @@ class Binder : public QObject {
   void OnFocusChanged(QWidget* now);
   void SyncFocus();
   bool MouseEvent(Binding& binding, QEvent* event);
+  // The keyboard (binder_keys.cpp).
+  void SetUpKeyboard();
+  bool KeyEvent(Binding& binding, QEvent* event);
+  QString ShownCaption(const pelkedit::Widget& model) const;
+  void ApplyLabelCaption(Binding& binding);
+  QWidget* TabStopOf(const pelkedit::Widget& model);
+  std::vector<Binding*> GroupOf(Binding& option);
+  void UpdateTabStops(Binding& option);
   void Dispatch(const std::function<void()>& action);
   void ReportError(const std::exception& error);
   Binding* Find(const QWidget* widget);
@@ -86,9 +109,14 @@ class Binder : public QObject {
   std::vector<Binding> bindings_;
   std::map<const pelkedit::Widget*, std::size_t> index_;
   std::map<int, QPixmap> pictures_;
+  // What each label names for the keyboard, and the caption position of each mnemonic the
+  // binder chose (captions that mark their own keep theirs).
+  std::map<const pelkedit::Widget*, const pelkedit::Widget*> buddies_;
+  std::map<const pelkedit::Widget*, int> mnemonics_;
   // Set while a model's state is copied into its widget, so the widget's signals are not taken
   // for the user's input.
   bool applying_ = false;
+  QSize extra_{0, 0};
   // Observers outlive the binder on the models; they hold this only weakly.
   std::shared_ptr<Binder*> self_;
 };

@@ -118,8 +118,24 @@ void Binder::Apply(Binding& binding, const std::string& property) {
 void Binder::ApplyGeometry(Binding& binding) {
   const pelkedit::Widget& m = *binding.model;
   const bool inPixels = m.PositionedInPixels();
-  binding.placed->setGeometry(Pixels(m.Left(), inPixels), Pixels(m.Top(), inPixels),
-                              Pixels(m.Width(), inPixels), Pixels(m.Height(), inPixels));
+  QRect rect(Pixels(m.Left(), inPixels), Pixels(m.Top(), inPixels), Pixels(m.Width(), inPixels),
+             Pixels(m.Height(), inPixels));
+  const auto it = options_.stretch.find(m.Name());
+  const int how = it == options_.stretch.end() ? 0 : it->second;
+  if (how & stretch::kFollowRight) rect.translate(extra_.width(), 0);
+  if (how & stretch::kFollowBottom) rect.translate(0, extra_.height());
+  if (how & stretch::kGrowWidth) rect.setWidth(rect.width() + extra_.width());
+  if (how & stretch::kGrowHeight) rect.setHeight(rect.height() + extra_.height());
+  binding.placed->setGeometry(rect);
+}
+
+void Binder::SetExtraRoom(QSize extra) {
+  extra = extra.expandedTo(QSize(0, 0));
+  if (extra == extra_) return;
+  extra_ = extra;
+  for (Binding& binding : bindings_) {
+    if (options_.stretch.count(binding.model->Name()) != 0) Apply(binding, "geometry");
+  }
 }
 
 void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
@@ -127,10 +143,12 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
   const QString caption = QString::fromStdString(model.Caption());
   switch (model.Kind()) {
     case WidgetKind::kLabel:
-      if (property == "caption") static_cast<QLabel*>(binding.inner.data())->setText(caption);
+      if (property == "caption") ApplyLabelCaption(binding);
       break;
     case WidgetKind::kButton:
-      if (property == "caption") static_cast<QPushButton*>(binding.inner.data())->setText(caption);
+      if (property == "caption") {
+        static_cast<QPushButton*>(binding.inner.data())->setText(ShownCaption(model));
+      }
       break;
     case WidgetKind::kFrame:
       if (property == "caption") binding.inner->setAccessibleName(caption);
@@ -140,6 +158,7 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
       if (property == "caption") option->setText(caption);
       if (property == "value") {
         option->setChecked(static_cast<pelkedit::OptionButton&>(model).Value());
+        if (!buddies_.empty()) UpdateTabStops(binding);
       }
       break;
     }

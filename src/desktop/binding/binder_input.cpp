@@ -152,13 +152,17 @@ void Binder::ConnectDates(Binding& binding) {
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
   const auto type = event->type();
-  if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonRelease &&
-      type != QEvent::MouseButtonDblClick) {
-    return QObject::eventFilter(watched, event);
-  }
+  const bool key = type == QEvent::KeyPress || type == QEvent::KeyRelease;
+  const bool mouse = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease ||
+                     type == QEvent::MouseButtonDblClick;
+  if (!key && !mouse) return QObject::eventFilter(watched, event);
   auto* widget = qobject_cast<QWidget*>(watched);
   Binding* binding = widget == nullptr ? nullptr : Find(widget);
   if (binding == nullptr || binding->inner != widget) return QObject::eventFilter(watched, event);
+  if (key) return KeyEvent(*binding, event);
+  // Option buttons and date edits are watched for their keys only.
+  const WidgetKind kind = binding->model->Kind();
+  if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit) return false;
   MouseEvent(*binding, event);
   return QObject::eventFilter(watched, event);
 }

@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
+#include <QRegularExpression>
 
 #include "binding/date_widgets.h"
 #include "platform/modal_window.h"
@@ -66,6 +67,19 @@ ButtonSet ButtonsOf(MsgButtons buttons) {
   return {{{B::Ok, MsgAnswer::kOk}}, B::Ok};
 }
 
+// An error's text ends in a line naming its number and source ("Error 5 in PelkData.Ibo"):
+// that line is for whoever looks into the error, so it goes into the box's details.
+void SplitDetails(QMessageBox& box, const QString& text) {
+  static const QRegularExpression kErrorLine("\\n(Error -?\\d+ in [^\\n]*)$");
+  const QRegularExpressionMatch match = kErrorLine.match(text);
+  if (!match.hasMatch()) {
+    box.setText(text);
+    return;
+  }
+  box.setText(text.left(match.capturedStart()));
+  box.setDetailedText(match.captured(1));
+}
+
 pelkedit::Date DateOf(const QDateTime& moment) {
   const QDate d = moment.date();
   const QTime t = moment.time();
@@ -86,8 +100,9 @@ MsgAnswer QtPlatform::MsgBox(const std::string& text, MsgIcon icon, MsgButtons b
                              const std::string& title) {
   ++messagesShown_;
   if (messageHook_) return messageHook_({text, icon, buttons, title});
-  QMessageBox box(IconOf(icon), QString::fromStdString(title), QString::fromStdString(text),
-                  QMessageBox::NoButton, host_);
+  QMessageBox box(IconOf(icon), QString::fromStdString(title), QString(), QMessageBox::NoButton,
+                  host_);
+  SplitDetails(box, QString::fromStdString(text));
   const ButtonSet set = ButtonsOf(buttons);
   for (const auto& [button, answer] : set.buttons) box.addButton(button);
   box.setDefaultButton(set.buttons.front().first);

@@ -79,6 +79,7 @@ class OptionButton : public Widget {
   bool Value() const { return value_; }
   void SetValue(bool value);
   void JoinGroup(std::shared_ptr<OptionGroup> group);
+  const OptionGroup* Group() const { return group_.get(); }
   void UserClick() override { SetValue(true); }
 
  private:

@@ -1,0 +1,190 @@
+// The keyboard: one Tab stop per option group with the arrows moving within it, label
+// mnemonics that focus what the label names, the calendar from the keyboard, and buttons that
+// act while Space is held as they do while the mouse is held.
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+
+#include "binding/binder.h"
+#include "binding/date_widgets.h"
+
+namespace pelkor::desktop {
+
+using pelkedit::WidgetKind;
+
+namespace {
+
+// Letters the host window's own menus and the form's buttons already use.
+const QString kReservedMnemonics = "FISC";
+
+// The caption with '&' before its character at `at`, other ampersands kept literal.
+QString WithMnemonic(const QString& caption, int at) {
+  QString text;
+  for (int i = 0; i < caption.size(); ++i) {
+    if (i == at) text += '&';
+    text += caption[i] == '&' ? QString("&&") : QString(caption[i]);
+  }
+  return text;
+}
+
+// The first letter of a word of the caption not yet taken, else any free letter; -1 if none.
+int ChooseMnemonic(const QString& caption, QString& taken) {
+  for (const bool wordStartsOnly : {true, false}) {
+    for (int i = 0; i < caption.size(); ++i) {
+      const QChar c = caption[i].toUpper();
+      const bool wordStart = i == 0 || !caption[i - 1].isLetterOrNumber();
+      if (!c.isLetter() || taken.contains(c) || (wordStartsOnly && !wordStart)) continue;
+      taken += c;
+      return i;
+    }
+  }
+  return -1;
+}
+
+bool IsArrow(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+}
+
+}  // namespace
+
+void Binder::SetUpKeyboard() {
+  // Mnemonics are unique within a frame (only one page's frame is shown at a time).
+  std::map<const pelkedit::Widget*, QString> taken;
+  const auto chooseFor = [&](Binding& binding) {
+    const QString caption = QString::fromStdString(binding.model->Caption());
+    // A caption that marks its own mnemonic keeps it.
+    if (caption.isEmpty() || caption.contains('&')) return;
+    auto [it, fresh] = taken.try_emplace(binding.model->Parent(), kReservedMnemonics);
+    mnemonics_[binding.model] = ChooseMnemonic(caption, it->second);
+  };
+  for (std::size_t i = 0; i < bindings_.size(); ++i) {
+    Binding& binding = bindings_[i];
+    const WidgetKind kind = binding.model->Kind();
+    if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
+        kind == WidgetKind::kButton) {
+      binding.inner->installEventFilter(this);
+    }
+    if (kind == WidgetKind::kOption) UpdateTabStops(binding);
+    if (kind == WidgetKind::kButton) chooseFor(binding);
+    if (kind != WidgetKind::kLabel) continue;
+    // A label names the next widget the keyboard can reach on the same frame.
+    for (std::size_t j = i + 1; j < bindings_.size(); ++j) {
+      Binding& next = bindings_[j];
+      if (next.model->Parent() != binding.model->Parent()) continue;
+      if (next.model->Kind() == WidgetKind::kLabel) break;
+      if (!next.model->Focusable()) continue;
+      buddies_[binding.model] = next.model;
+      chooseFor(binding);
+      break;
+    }
+  }
+  for (Binding& binding : bindings_) Apply(binding, "caption");
+}
+
+QString Binder::ShownCaption(const pelkedit::Widget& model) const {
+  const QString caption = QString::fromStdString(model.Caption());
+  const auto mnemonic = mnemonics_.find(&model);
+  if (mnemonic == mnemonics_.end() || mnemonic->second < 0) return caption;
+  return WithMnemonic(caption, mnemonic->second);
+}
+
+void Binder::ApplyLabelCaption(Binding& binding) {
+  auto* label = static_cast<QLabel*>(binding.inner.data());
+  const auto buddy = buddies_.find(binding.model);
+  if (buddy == buddies_.end()) {
+    label->setTextFormat(Qt::PlainText);
+    label->setText(QString::fromStdString(binding.model->Caption()));
+    return;
+  }
+  label->setText(ShownCaption(*binding.model));
+  label->setBuddy(TabStopOf(*buddy->second));
+}
+
+QWidget* Binder::TabStopOf(const pelkedit::Widget& model) {
+  const auto it = index_.find(&model);
+  if (it == index_.end()) return nullptr;
+  Binding& binding = bindings_[it->second];
+  if (model.Kind() != WidgetKind::kOption) return binding.inner;
+  for (Binding* member : GroupOf(binding)) {
+    if (member->inner->focusPolicy() & Qt::TabFocus) return member->inner;
+  }
+  return binding.inner;
+}
+
+std::vector<Binder::Binding*> Binder::GroupOf(Binding& option) {
+  const auto* group = static_cast<const pelkedit::OptionButton&>(*option.model).Group();
+  if (group == nullptr) return {&option};
+  std::vector<Binding*> members;
+  for (const pelkedit::OptionButton* member : group->Members()) {
+    const auto it = index_.find(member);
+    if (it != index_.end()) members.push_back(&bindings_[it->second]);
+  }
+  return members;
+}
+
+// Tab reaches a group once: on its selected option, or its first when none is selected.
+void Binder::UpdateTabStops(Binding& option) {
+  const std::vector<Binding*> members = GroupOf(option);
+  Binding* stop = members.front();
+  for (Binding* member : members) {
+    if (static_cast<const pelkedit::OptionButton&>(*member->model).Value()) stop = member;
+  }
+  for (Binding* member : members) {
+    member->inner->setFocusPolicy(member == stop ? Qt::StrongFocus : Qt::ClickFocus);
+  }
+  // The labels of the group now name its new Tab stop.
+  for (const auto& [label, buddy] : buddies_) {
+    if (std::find_if(members.begin(), members.end(), [buddy = buddy](const Binding* m) {
+          return m->model == buddy;
+        }) != members.end()) {
+      ApplyLabelCaption(bindings_[index_.at(label)]);
+    }
+  }
+}
+
+bool Binder::KeyEvent(Binding& binding, QEvent* event) {
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const bool press = event->type() == QEvent::KeyPress;
+  pelkedit::Widget* model = binding.model;
+  switch (model->Kind()) {
+    case WidgetKind::kOption: {
+      if (!press || !IsArrow(key->key())) return false;
+      const std::vector<Binding*> members = GroupOf(binding);
+      const auto at = std::find(members.begin(), members.end(), &binding) - members.begin();
+      const bool forward = key->key() == Qt::Key_Down || key->key() == Qt::Key_Right;
+      const auto next = at + (forward ? 1 : -1);
+      // The arrows stop at the ends of the group: they never reach the next question.
+      if (next < 0 || next >= static_cast<std::ptrdiff_t>(members.size())) return true;
+      Binding* target = members[static_cast<std::size_t>(next)];
+      target->inner->setFocus(Qt::TabFocusReason);
+      static_cast<QRadioButton*>(target->inner.data())->click();
+      return true;
+    }
+    case WidgetKind::kDateEdit: {
+      const bool opens = key->key() == Qt::Key_F4 ||
+                         (key->key() == Qt::Key_Down && key->modifiers() & Qt::AltModifier);
+      if (!opens) return false;
+      if (press) {
+        auto* dateEdit = static_cast<pelkedit::DateEdit*>(model);
+        Dispatch([dateEdit] { dateEdit->UserDrop(); });
+      }
+      return true;
+    }
+    case WidgetKind::kButton: {
+      if (key->key() != Qt::Key_Space || key->isAutoRepeat()) return false;
+      // Space held works as the mouse held: the button's press and release reach the model.
+      if (press) {
+        Dispatch([model] { model->UserMouseDown(1, 0, 0, 0); });
+      } else {
+        Dispatch([model] { model->UserMouseUp(1, 0, 0, 0); });
+      }
+      return false;  // the button still clicks on release, as Space does
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace pelkor::desktop
