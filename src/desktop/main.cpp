@@ -25,9 +25,40 @@ constexpr const char* kScreenshotsOption = "--screenshots";
 struct Options {
   std::string db;
   std::optional<std::int32_t> ibo;
-  std::int32_t view = pelkedit::view::kMain;
+  std::optional<std::int32_t> view;
   std::string screenshots;
 };
+
+// Start-up problems the user can act on: a box when someone is there to read it, and always a
+// line on the error stream; the exit code says it failed.
+int StartUpFailure(const Options& options, const QString& text) {
+  QTextStream(stderr) << "pelkor-edit: " << text << "\n";
+  if (options.screenshots.empty()) {
+    QMessageBox box(QMessageBox::Critical, "Pelkor", text, QMessageBox::Ok);
+    box.exec();
+  }
+  return EXIT_FAILURE;
+}
+
+// Where an IBO is: the view given, else the main table when it holds the id, else the archive.
+std::int32_t ViewOf(EditorEnvironment& environment, std::int32_t ibo,
+                    std::optional<std::int32_t> view) {
+  if (view) return *view;
+  if (environment.Db()->Find(pelkor::IboTable::kMain, ibo)) return pelkedit::view::kMain;
+  if (environment.Db()->Find(pelkor::IboTable::kArchive, ibo)) return pelkedit::view::kArchive;
+  return pelkedit::view::kMain;
+}
+
+QtMessageHandler standardMessageHandler = nullptr;
+
+// The offscreen platform's notes about what it cannot do say nothing about the editor.
+void QuietOffscreenNotes(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (type == QtWarningMsg && (text.contains("propagateSizeHints") ||
+                               text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set"))) {
+    return;
+  }
+  if (standardMessageHandler != nullptr) standardMessageHandler(type, context, text);
+}
 
 // Screenshots need no display: without a platform chosen they are drawn offscreen.
 void PreferOffscreenForScreenshots(int argc, char** argv) {
@@ -50,10 +81,21 @@ std::optional<std::int32_t> FirstIbo(EditorEnvironment& environment) {
 int Run(const Options& options) {
   const bool useDefault = options.db.empty();
   const std::string dbPath = useDefault ? pelkor::desktop::DefaultDatabasePath() : options.db;
-  // A new database starts with the demo opportunities.
-  const bool seed = useDefault || !QFileInfo::exists(QString::fromStdString(dbPath));
+  // Only the default database is created (with the demo opportunities); a mistyped path must
+  // not leave an empty database behind.
+  if (!useDefault && !QFileInfo::exists(QString::fromStdString(dbPath))) {
+    return StartUpFailure(
+        options, QString("The database '%1' does not exist. Check the path, or create a demo "
+                         "database with: pelkor-db seed %1")
+                     .arg(QString::fromStdString(dbPath)));
+  }
   EditorEnvironment environment({dbPath, pelkor::desktop::DefaultTraceLogPath()});
-  if (seed) pelkor::SeedDemoData(*environment.Db());
+  try {
+    if (useDefault) pelkor::SeedDemoData(*environment.Db());
+    environment.Db()->ListIbos();
+  } catch (const pelkedit::PelkError& error) {
+    return StartUpFailure(options, QString::fromStdString(error.Description()));
+  }
 
   HostWindow window(environment);
   if (!options.screenshots.empty()) {
@@ -65,9 +107,10 @@ int Run(const Options& options) {
                                                           : pelkedit::MsgAnswer::kCancel;
     });
     window.show();
+    const std::int32_t view =
+        options.ibo ? ViewOf(environment, *options.ibo, options.view) : pelkedit::view::kMain;
     const QStringList files = pelkor::desktop::WriteScreenshots(
-        window, environment, QString::fromStdString(options.screenshots), options.ibo,
-        options.view);
+        window, environment, QString::fromStdString(options.screenshots), options.ibo, view);
     QTextStream out(stdout);
     out << "Screenshots (" << files.size() << ") written to "
         << QFileInfo(QString::fromStdString(options.screenshots)).absoluteFilePath() << ":\n";
@@ -75,8 +118,9 @@ int Run(const Options& options) {
     return EXIT_SUCCESS;
   }
   const std::optional<std::int32_t> ibo = options.ibo ? options.ibo : FirstIbo(environment);
-  if (ibo) window.OpenIbo(*ibo, options.view);
   window.show();
+  // An IBO that cannot be shown has been reported; the user picks another.
+  if (!ibo || !window.OpenIbo(*ibo, ViewOf(environment, *ibo, options.view))) window.ChooseIbo();
   return QApplication::exec();
 }
 
@@ -89,7 +133,8 @@ int main(int argc, char** argv) {
   Options options;
   cli.add_option("--db", options.db, "database file (default: the demo database)");
   cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
-  cli.add_option("--view", options.view, "view code: 0 to 2 main table, 3 archive")
+  cli.add_option("--view", options.view,
+                 "view code: 0 to 2 main table, 3 archive (default: where the IBO is)")
       ->check(CLI::Range(0, pelkedit::view::kArchive));
   cli.add_option(kScreenshotsOption, options.screenshots,
                  "write a PNG of every tab to this folder and exit");
@@ -100,6 +145,7 @@ int main(int argc, char** argv) {
   }
   // Parsed before the application starts, so --help and mistakes need no display.
   PreferOffscreenForScreenshots(argc, argv);
+  standardMessageHandler = qInstallMessageHandler(QuietOffscreenNotes);
   QApplication application(argc, argv);
   QApplication::setApplicationName("pelkor");
   QApplication::setApplicationDisplayName("Pelkor");

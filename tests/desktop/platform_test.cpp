@@ -166,7 +166,9 @@ class PlatformTest : public QObject {
     QVERIFY(dialog.accepted);
     QVERIFY(!dialog.IsOpen());
     QCOMPARE(title, QString("Confirm"));
-    QCOMPARE(size, QSize(120, 50));
+    // The design's height; wider than the design where the title needs it.
+    QCOMPARE(size.height(), 50);
+    QVERIFY(size.width() >= 120);
 
     // The window's close box closes the model without its button.
     OkDialog second;

@@ -6,7 +6,9 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <vector>
 
 #include "app/open_ibo_dialog.h"
@@ -118,6 +120,7 @@ HostWindow::HostWindow(EditorEnvironment& environment, QWidget* parent)
   statusBar()->addPermanentWidget(modeLabel_);
   BuildMenus();
   InstallWindowKeys(*this);
+  ShowNothingOpen();
   UpdateActions();
   QtPlatform& platform = environment_.Platform();
   platform.SetHostWindow(this);
@@ -191,6 +194,22 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   UpdateActions();
   UpdateTitle();
   return true;
+}
+
+// Until an IBO is open the window keeps the form's size and says how to open one.
+void HostWindow::ShowNothingOpen() {
+  auto* empty = new QWidget;
+  empty->setObjectName("frmNoIbo");
+  empty->setMinimumSize(kFormWidth, kFormHeight);
+  auto* text = new QLabel(tr("No IBO is open."), empty);
+  auto* open = new QPushButton(tr("&Open IBO..."), empty);
+  connect(open, &QPushButton::clicked, this, &HostWindow::ChooseIbo);
+  auto* layout = new QVBoxLayout(empty);
+  layout->addStretch();
+  layout->addWidget(text, 0, Qt::AlignHCenter);
+  layout->addWidget(open, 0, Qt::AlignHCenter);
+  layout->addStretch();
+  setCentralWidget(empty);
 }
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -278,7 +297,9 @@ void HostWindow::closeEvent(QCloseEvent* event) {
 void HostWindow::ChooseIbo() {
   std::vector<IboSummary> ibos;
   if (!HostCall([&] { ibos = environment_.Db()->ListIbos(); })) return;
-  OpenIboDialog dialog(ibos, this);
+  QString source;
+  HostCall([&] { source = QString::fromStdString(environment_.Db()->Location()); });
+  OpenIboDialog dialog(ibos, source, this);
   if (dialog.exec() != QDialog::Accepted) return;
   const auto chosen = dialog.Chosen();
   if (!chosen) return;

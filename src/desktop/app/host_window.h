@@ -56,6 +56,7 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
 
  private:
   void BuildMenus();
+  void ShowNothingOpen();
   void UpdateActions();
   // Lets the component close its IBO; true when nothing the user wants kept is left unsaved.
   bool ReleaseCurrent();

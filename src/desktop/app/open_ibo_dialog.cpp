@@ -2,17 +2,20 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/host_window.h"
 
 namespace pelkor::desktop {
 namespace {
 
-constexpr int kWidth = 560;
-constexpr int kHeight = 320;
+constexpr int kWidth = 600;
+// Rows shown without scrolling; a longer list scrolls.
+constexpr int kMostRowsShown = 20;
 enum Column { kId, kNumber, kCompany, kStatus, kMode, kTable, kColumnCount };
 
 QTableWidgetItem* Cell(const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
@@ -23,11 +26,13 @@ QTableWidgetItem* Cell(const QString& text, Qt::Alignment alignment = Qt::AlignL
 
 }  // namespace
 
-OpenIboDialog::OpenIboDialog(std::vector<IboSummary> ibos, QWidget* parent)
+OpenIboDialog::OpenIboDialog(std::vector<IboSummary> ibos, const QString& source, QWidget* parent)
     : QDialog(parent), ibos_(std::move(ibos)), table_(new QTableWidget(this)) {
   setObjectName("dlgOpenIbo");
   setWindowTitle(tr("Open IBO"));
-  resize(kWidth, kHeight);
+  auto* heading = new QLabel(tr("IBOs of the main table and the archive of %1:").arg(source), this);
+  heading->setObjectName("lblIboSource");
+  heading->setWordWrap(true);
   table_->setObjectName("tblIbos");
   table_->setColumnCount(kColumnCount);
   table_->setHorizontalHeaderLabels(
@@ -60,9 +65,17 @@ OpenIboDialog::OpenIboDialog(std::vector<IboSummary> ibos, QWidget* parent)
   connect(table_, &QTableWidget::cellDoubleClicked, this, &QDialog::accept);
 
   auto* layout = new QVBoxLayout(this);
+  layout->addWidget(heading);
   layout->addWidget(table_);
   layout->addWidget(buttons);
   table_->setFocus();
+  // Tall enough for every row (up to a point), so a short list needs no scrolling.
+  const int rows = std::min(table_->rowCount(), kMostRowsShown);
+  const int rowHeight = table_->verticalHeader()->defaultSectionSize();
+  const int tableHeight =
+      table_->horizontalHeader()->sizeHint().height() + rows * rowHeight + 2 * table_->frameWidth();
+  table_->setMinimumHeight(tableHeight);
+  resize(kWidth, sizeHint().height());
 }
 
 std::optional<IboSummary> OpenIboDialog::Chosen() const {

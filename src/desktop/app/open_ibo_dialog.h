@@ -15,7 +15,8 @@ namespace pelkor::desktop {
 class OpenIboDialog : public QDialog {
   Q_OBJECT
  public:
-  OpenIboDialog(std::vector<IboSummary> ibos, QWidget* parent = nullptr);
+  // `source` names the database the list comes from.
+  OpenIboDialog(std::vector<IboSummary> ibos, const QString& source, QWidget* parent = nullptr);
   // The IBO picked, once the dialog was accepted with a row selected.
   std::optional<IboSummary> Chosen() const;
   QTableWidget* Table() const { return table_; }

@@ -16,8 +16,19 @@ using pelkedit::WidgetKind;
 
 namespace {
 
-// Letters the host window's own menus and the form's buttons already use.
-const QString kReservedMnemonics = "FISC";
+// Letters the host window's own menus use.
+const QString kMenuMnemonics = "FI";
+
+// The letters captions mark themselves ("&Save").
+QString MarkedMnemonics(const std::vector<pelkedit::Widget*>& models) {
+  QString marked;
+  for (const pelkedit::Widget* model : models) {
+    const QString caption = QString::fromStdString(model->Caption());
+    const auto at = caption.indexOf('&');
+    if (at >= 0 && at + 1 < caption.size()) marked += caption[at + 1].toUpper();
+  }
+  return marked;
+}
 
 // The caption with '&' before its character at `at`, other ampersands kept literal.
 QString WithMnemonic(const QString& caption, int at) {
@@ -50,13 +61,14 @@ bool IsArrow(int key) {
 }  // namespace
 
 void Binder::SetUpKeyboard() {
-  // Mnemonics are unique within a frame (only one page's frame is shown at a time).
+  // Mnemonics are unique within a frame (only one page's frame is shown at a time) and differ
+  // from the menus' and from those the captions mark themselves.
+  const QString reserved = kMenuMnemonics + MarkedMnemonics(registry_.All());
   std::map<const pelkedit::Widget*, QString> taken;
   const auto chooseFor = [&](Binding& binding) {
     const QString caption = QString::fromStdString(binding.model->Caption());
-    // A caption that marks its own mnemonic keeps it.
     if (caption.isEmpty() || caption.contains('&')) return;
-    auto [it, fresh] = taken.try_emplace(binding.model->Parent(), kReservedMnemonics);
+    auto [it, fresh] = taken.try_emplace(binding.model->Parent(), reserved);
     mnemonics_[binding.model] = ChooseMnemonic(caption, it->second);
   };
   for (std::size_t i = 0; i < bindings_.size(); ++i) {

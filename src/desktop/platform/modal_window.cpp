@@ -1,16 +1,44 @@
 #include "platform/modal_window.h"
 
+#include <QApplication>
+#include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QPushButton>
+#include <algorithm>
 
 namespace pelkor::desktop {
 
+namespace {
+
+// Room the window's title bar takes besides the title: icon, buttons and margins.
+constexpr int kTitleBarAllowance = 140;
+
+// The dialog's own area, of the size its model was designed for.
+QWidget* MakeContent(const pelkedit::ModalDialog& model, QWidget* parent) {
+  auto* content = new QWidget(parent);
+  content->setFixedSize(model.WidthPixels(), model.HeightPixels());
+  return content;
+}
+
+}  // namespace
+
 ModalWindow::ModalWindow(pelkedit::ModalDialog& model, const BinderOptions& options,
                          QWidget* parent)
-    : QDialog(parent), model_(model), binder_(new Binder(model.Widgets(), this, options)) {
+    : QDialog(parent),
+      model_(model),
+      binder_(new Binder(model.Widgets(), MakeContent(model, this), options)) {
   setObjectName(QString::fromStdString(model.Name()));
-  setWindowTitle(QString::fromStdString(model.Caption()));
+  const QString title = QString::fromStdString(model.Caption());
+  setWindowTitle(title);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-  setFixedSize(model.WidthPixels(), model.HeightPixels());
+  // Wide enough for the whole title; the design stays centred in the window.
+  const QFont titleFont = QApplication::font("QMdiSubWindowTitleBar");
+  const int width = std::max(model.WidthPixels(),
+                             QFontMetrics(titleFont).horizontalAdvance(title) + kTitleBarAllowance);
+  setFixedSize(width, model.HeightPixels());
+  auto* layout = new QHBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(qobject_cast<QWidget*>(binder_->parent()), 0, Qt::AlignCenter);
   const QString defaultButton = QString::fromStdString(model.DefaultButton());
   if (!defaultButton.isEmpty()) {
     if (auto* button = findChild<QPushButton*>(defaultButton)) button->setDefault(true);
