@@ -14,6 +14,7 @@
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
 #include "data/demo_seed.h"
+#include "host_fixture.h"
 #include "record/ibo_properties.h"
 
 using namespace pelkedit;
@@ -24,75 +25,7 @@ using pelkor::desktop::QtPlatform;
 
 namespace {
 
-constexpr std::int32_t kExpertIbo = 1001;  // started 2026-02-09, expected 2026-09-30, WIH High
-constexpr std::int32_t kBasicIbo = 1002;   // WIH Medium
-constexpr std::int32_t kMainView = pelkedit::view::kMain;
-constexpr std::int32_t kWihLow = 0;
-constexpr std::int32_t kWihHigh = 2;
-const char* const kSavePromptTitle = "IBO modified";
-
-// The host on a seeded database of its own, with message boxes answered by the test.
-struct Host {
-  QTemporaryDir folder;
-  std::string dbPath = folder.filePath("test.pelkdb").toStdString();
-  std::unique_ptr<EditorEnvironment> environment;
-  std::unique_ptr<HostWindow> window;
-  std::vector<QtPlatform::Message> messages;
-  std::deque<MsgAnswer> answers;
-
-  Host() {
-    pelkor::SeedDemoData(*pelkor::OpenIboStore(dbPath));
-    environment = std::make_unique<EditorEnvironment>(
-        pelkor::desktop::EnvironmentOptions{dbPath, folder.filePath("trace.log").toStdString()});
-    environment->Platform().SetMessageHook([this](const QtPlatform::Message& message) {
-      messages.push_back(message);
-      if (answers.empty())
-        return message.buttons == MsgButtons::kOk ? MsgAnswer::kOk : MsgAnswer::kCancel;
-      const MsgAnswer answer = answers.front();
-      answers.pop_front();
-      return answer;
-    });
-    window = std::make_unique<HostWindow>(*environment);
-  }
-  ~Host() {
-    window.reset();
-    environment.reset();
-  }
-
-  bool Open(std::int32_t id) {
-    if (!window->OpenIbo(id, kMainView)) return false;
-    window->show();
-    return QTest::qWaitForWindowActive(window.get());
-  }
-  template <typename W>
-  W* Qt(const char* name) {
-    return window->findChild<W*>(name);
-  }
-  IRecord& Rec() { return *window->Component()->Record(); }
-  // The record as the database holds it now.
-  std::shared_ptr<IRecord> Stored(std::int32_t id) {
-    auto record = pelkor::CreateIboProperties();
-    record->SetIboData(pelkor::OpenIboStore(dbPath)->Read(pelkor::IboTable::kMain, id));
-    return record;
-  }
-};
-
-QDate QDateOf(const Date& date) {
-  return QDate(date.Year(), date.Month(), date.Day());
-}
-
-// Types a date into the field as the user would, over each section in its display order.
-void TypeDate(QDateEdit* edit, const QDate& date) {
-  edit->setFocus();
-  for (int i = 0; i < edit->sectionCount(); ++i) {
-    const QDateTimeEdit::Section section = edit->sectionAt(i);
-    edit->setSelectedSection(section);
-    const char* format = section == QDateTimeEdit::DaySection     ? "dd"
-                         : section == QDateTimeEdit::MonthSection ? "MM"
-                                                                  : "yyyy";
-    QTest::keyClicks(edit, date.toString(format));
-  }
-}
+using namespace host_fixture;
 
 // A click where the user clicks an option: on its round button.
 void ClickOption(QRadioButton* option) {

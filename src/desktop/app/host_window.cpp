@@ -221,14 +221,17 @@ bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void HostWindow::FocusFirstOfShownPage() {
   if (!component_ || !binder_) return;
-  const QWidget* focused = QApplication::focusWidget();
-  if (focused != nullptr && focused->isVisible()) return;
-  for (const pelkedit::Widget* model : component_->Widgets().All()) {
+  pelkedit::WidgetRegistry& widgets = component_->Widgets();
+  const pelkedit::Widget* focused = widgets.Focused();
+  const QWidget* shown = focused == nullptr ? nullptr : binder_->WidgetFor(focused->Name());
+  if (shown != nullptr && shown->isVisible()) return;
+  for (pelkedit::Widget* model : widgets.All()) {
     QWidget* widget = model->Focusable() ? binder_->WidgetFor(model->Name()) : nullptr;
     if (widget == nullptr || !widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus)) {
       continue;
     }
-    widget->setFocus(Qt::TabFocusReason);
+    // Through the models, so the widget left behind raises its lost focus.
+    binder_->Run([&widgets, model] { widgets.MoveFocus(model); });
     return;
   }
 }
