@@ -118,6 +118,12 @@ class KeyboardTest : public QObject {
     QCOMPARE(date->date(), before);
     QTest::keyClick(host.Qt<QCalendarWidget>("dtWwih"), Qt::Key_Escape);
 
+    // A whole date typed over the field replaces it as typed.
+    date->setFocus(Qt::TabFocusReason);
+    const QDate typed(2026, 11, 27);
+    QTest::keyClicks(date, typed.toString(date->displayFormat()));
+    QCOMPARE(date->date(), typed);
+
     auto* says = host.Qt<QPushButton>("cmdAdvisorSays");
     says->setFocus();
     QVERIFY(!says->toolTip().isEmpty());

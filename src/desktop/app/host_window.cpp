@@ -13,6 +13,7 @@
 
 #include "app/open_ibo_dialog.h"
 #include "app/window_keys.h"
+#include "binding/date_widgets.h"
 #include "contracts/names.h"
 #include "control/layout.h"
 #include "pictures/pictures.h"
@@ -82,6 +83,11 @@ void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
     if (widget == nullptr || !(widget->focusPolicy() & Qt::TabFocus)) continue;
     if (previous != nullptr) QWidget::setTabOrder(previous, widget);
     previous = widget;
+    // A date edit's drop button comes right after its date.
+    if (auto* box = qobject_cast<DateEditBox*>(binder.PlacedWidgetFor(model->Name()))) {
+      QWidget::setTabOrder(previous, box->DropButton());
+      previous = box->DropButton();
+    }
   }
 }
 

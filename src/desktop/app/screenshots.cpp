@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QTimer>
 #include <cctype>
 #include <optional>
 #include <stdexcept>
@@ -16,6 +17,9 @@
 
 namespace pelkor::desktop {
 namespace {
+
+// How much larger the grown window is than the designed one.
+constexpr double kGrownScale = 1.5;
 
 // One picture per tab: the centre of its band on the main strip, and of its phase's band.
 struct TabShot {
@@ -77,6 +81,25 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
   }
   // Back where the user starts.
   Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
+  // The window grown (as maximised), then the start-date dialog over it.
+  const QSize designed = window.size();
+  window.resize(designed * kGrownScale);
+  QApplication::processEvents();
+  save(&window, "window-grown");
+  for (const TabShot& tab : tabs) {
+    if (tab.name != "sales-advisor") continue;
+    Press(component, pelkedit::widget::picMainTab, tab.mainX);
+    save(&window, "sales-advisor-grown");
+    Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
+  }
+  window.resize(designed);
+  QTimer::singleShot(0, &window, [&] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (dialog == nullptr) return;
+    save(dialog, "start-date-dialog");
+    dialog->close();
+  });
+  window.ChangeStartDate();
   return written;
 }
 

@@ -189,8 +189,11 @@ void Binder::SyncFocus() {
   const auto it = index_.find(focused);
   if (it == index_.end()) return;
   QWidget* widget = bindings_[it->second].inner;
-  if (widget == nullptr || !widget->isVisible() ||
-      widget->isAncestorOf(QApplication::focusWidget()) || widget == QApplication::focusWidget()) {
+  // Focus anywhere on the placed widget (a date edit's drop button) is the model's focus.
+  const QWidget* placed = bindings_[it->second].placed;
+  const QWidget* focus = QApplication::focusWidget();
+  if (widget == nullptr || !widget->isVisible() || placed->isAncestorOf(focus) || placed == focus ||
+      widget->isAncestorOf(focus) || widget == focus) {
     return;
   }
   widget->setFocus(Qt::OtherFocusReason);

@@ -98,6 +98,7 @@ class Binder : public QObject {
   QWidget* TabStopOf(const pelkedit::Widget& model);
   std::vector<Binding*> GroupOf(Binding& option);
   void UpdateTabStops(Binding& option);
+  bool TypeIntoDate(Binding& binding, QEvent* event);
   void Dispatch(const std::function<void()>& action);
   void ReportError(const std::exception& error);
   Binding* Find(const QWidget* widget);
@@ -117,6 +118,8 @@ class Binder : public QObject {
   // for the user's input.
   bool applying_ = false;
   QSize extra_{0, 0};
+  // The date edit that has just moved on to its next part by itself.
+  QPointer<QWidget> movedOnIn_;
   // Observers outlive the binder on the models; they hold this only weakly.
   std::shared_ptr<Binder*> self_;
 };

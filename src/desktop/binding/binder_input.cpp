@@ -162,7 +162,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   if (key) return KeyEvent(*binding, event);
   // Option buttons and date edits are watched for their keys only.
   const WidgetKind kind = binding->model->Kind();
-  if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit) return false;
+  if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
+      kind == WidgetKind::kDateField) {
+    return false;
+  }
   MouseEvent(*binding, event);
   return QObject::eventFilter(watched, event);
 }

@@ -1,6 +1,7 @@
 // The keyboard: one Tab stop per option group with the arrows moving within it, label
 // mnemonics that focus what the label names, the calendar from the keyboard, and buttons that
 // act while Space is held as they do while the mouse is held.
+#include <QDateTimeEdit>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -75,7 +76,7 @@ void Binder::SetUpKeyboard() {
     Binding& binding = bindings_[i];
     const WidgetKind kind = binding.model->Kind();
     if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
-        kind == WidgetKind::kButton) {
+        kind == WidgetKind::kDateField || kind == WidgetKind::kButton) {
       binding.inner->installEventFilter(this);
     }
     if (kind == WidgetKind::kOption) UpdateTabStops(binding);
@@ -85,7 +86,10 @@ void Binder::SetUpKeyboard() {
     for (std::size_t j = i + 1; j < bindings_.size(); ++j) {
       Binding& next = bindings_[j];
       if (next.model->Parent() != binding.model->Parent()) continue;
-      if (next.model->Kind() == WidgetKind::kLabel) break;
+      // A label names an input: a button beside it has a caption of its own.
+      if (next.model->Kind() == WidgetKind::kLabel || next.model->Kind() == WidgetKind::kButton) {
+        break;
+      }
       if (!next.model->Focusable()) continue;
       buddies_[binding.model] = next.model;
       chooseFor(binding);
@@ -177,13 +181,15 @@ bool Binder::KeyEvent(Binding& binding, QEvent* event) {
     case WidgetKind::kDateEdit: {
       const bool opens = key->key() == Qt::Key_F4 ||
                          (key->key() == Qt::Key_Down && key->modifiers() & Qt::AltModifier);
-      if (!opens) return false;
+      if (!opens) return press && TypeIntoDate(binding, event);
       if (press) {
         auto* dateEdit = static_cast<pelkedit::DateEdit*>(model);
         Dispatch([dateEdit] { dateEdit->UserDrop(); });
       }
       return true;
     }
+    case WidgetKind::kDateField:
+      return press && TypeIntoDate(binding, event);
     case WidgetKind::kButton: {
       if (key->key() != Qt::Key_Space || key->isAutoRepeat()) return false;
       // Space held works as the mouse held: the button's press and release reach the model.
@@ -197,6 +203,30 @@ bool Binder::KeyEvent(Binding& binding, QEvent* event) {
     default:
       return false;
   }
+}
+
+// Qt moves on to the next part of a date as soon as one is complete, so the separator typed
+// after it would skip a part: "27/11/2026" would become 27/09/1. A separator right after such
+// a move is taken as the move itself.
+bool Binder::TypeIntoDate(Binding& binding, QEvent* event) {
+  auto* edit = qobject_cast<QDateTimeEdit*>(binding.inner.data());
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const QString text = key->text();
+  if (edit == nullptr || text.size() != 1) {
+    movedOnIn_ = nullptr;
+    return false;
+  }
+  const QChar typed = text.front();
+  if (typed.isDigit()) {
+    const auto before = edit->currentSection();
+    static_cast<QObject*>(edit)->event(event);
+    movedOnIn_ = edit->currentSection() != before ? edit : nullptr;
+    return true;
+  }
+  const bool separator = !typed.isLetterOrNumber() && !typed.isSpace();
+  const bool swallow = separator && movedOnIn_ == edit;
+  movedOnIn_ = nullptr;
+  return swallow;
 }
 
 }  // namespace pelkor::desktop

@@ -1,5 +1,8 @@
 #include "binding/date_widgets.h"
 
+#include <QFontInfo>
+#include <QTextCharFormat>
+
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -61,7 +64,8 @@ DateEditBox::DateEditBox(const QString& name, QWidget* parent)
   edit_->setButtonSymbols(QAbstractSpinBox::NoButtons);
   drop_->setObjectName(name + "Drop");
   drop_->setArrowType(Qt::DownArrow);
-  drop_->setFocusPolicy(Qt::NoFocus);  // the date keeps the focus while the calendar drops
+  // Reachable with Tab; a click leaves the focus on the date while the calendar drops.
+  drop_->setFocusPolicy(Qt::TabFocus);
   drop_->setFixedWidth(kDropButtonWidth);
   drop_->setToolTip(tr("Pick a date"));
   auto* layout = new QHBoxLayout(this);
@@ -73,6 +77,10 @@ DateEditBox::DateEditBox(const QString& name, QWidget* parent)
   edit_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
+namespace {
+constexpr double kHeaderScale = 0.8;
+}  // namespace
+
 CalendarBox::CalendarBox(const QString& name, QWidget* parent)
     : QFrame(parent), calendar_(new QCalendarWidget(this)), today_(new QPushButton(this)) {
   setObjectName(name + "Box");
@@ -82,6 +90,10 @@ CalendarBox::CalendarBox(const QString& name, QWidget* parent)
   calendar_->setObjectName(name);
   calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar_->setGridVisible(false);
+  // The day names in a slightly smaller type, so that "Wed" fits its narrow column whole.
+  QTextCharFormat header = calendar_->headerTextFormat();
+  header.setFontPointSize(QFontInfo(font()).pointSizeF() * kHeaderScale);
+  calendar_->setHeaderTextFormat(header);
   today_->setObjectName(name + "Today");
   today_->setText(tr("Today"));
   today_->setFocusPolicy(Qt::NoFocus);
