@@ -32,9 +32,10 @@ std::string Timestamp(const pelkedit::Date& when) {
 
 }  // namespace
 
-TraceLog::TraceLog(pelkedit::IPlatform& platform, std::string logPath)
-    : platform_(platform), logPath_(std::move(logPath)) {
+TraceLog::TraceLog(pelkedit::IPlatform& platform, std::string logPath, std::uintmax_t rotateAtBytes)
+    : platform_(platform), logPath_(std::move(logPath)), rotateAtBytes_(rotateAtBytes) {
   OpenLog();
+  RotateIfFull();
 }
 
 TraceLog::~TraceLog() {
@@ -79,6 +80,18 @@ void TraceLog::Flush() {
   CheckStream();
 }
 
+void TraceLog::RotateIfFull() {
+  if (!out_.is_open()) return;
+  std::error_code error;
+  const std::uintmax_t size = std::filesystem::file_size(logPath_, error);
+  if (error || size < rotateAtBytes_) return;
+  out_.close();
+  std::filesystem::rename(logPath_, logPath_ + ".1", error);
+  if (error)
+    return GiveUpFile("cannot keep the full log as " + logPath_ + ".1: " + error.message());
+  OpenLog();
+}
+
 void TraceLog::EnterProc(const std::string& procName) {
   WriteLine(Depth(), kEnterMarker, procName);
   open_.push_back(procName);
@@ -95,7 +108,9 @@ void TraceLog::LeaveProc(const std::string& procName) {
   WriteLine(Depth(), kLeaveMarker, procName);
   // The end of an outermost procedure is the end of one user action: a cheap point to let the
   // lines reach the disk.
-  if (open_.empty()) Flush();
+  if (!open_.empty()) return;
+  Flush();
+  RotateIfFull();
 }
 
 // Every procedure on the failing chain reports the error once, innermost first, and none of

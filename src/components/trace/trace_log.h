@@ -17,7 +17,11 @@ namespace pelkor {
 // never stops the editor; tracing goes on without the file.
 class TraceLog : public pelkedit::ITrace {
  public:
-  TraceLog(pelkedit::IPlatform& platform, std::string logPath);
+  // The log is rotated once it has grown to `rotateAtBytes`: the full file becomes PATH.1
+  // (replacing the one before) and a new file starts.
+  static constexpr std::uintmax_t kRotateAtBytes = 1024 * 1024;
+  TraceLog(pelkedit::IPlatform& platform, std::string logPath,
+           std::uintmax_t rotateAtBytes = kRotateAtBytes);
   ~TraceLog() override;
   TraceLog(const TraceLog&) = delete;
   TraceLog& operator=(const TraceLog&) = delete;
@@ -42,9 +46,13 @@ class TraceLog : public pelkedit::ITrace {
   void WriteLine(int depth, const char* marker, const std::string& text);
   void CheckStream();
   void GiveUpFile(const std::string& reason);
+  // Rotates a log that has reached its size; between outermost procedures only, so that no
+  // call is split over two files.
+  void RotateIfFull();
 
   pelkedit::IPlatform& platform_;
   std::string logPath_;
+  std::uintmax_t rotateAtBytes_;
   std::ofstream out_;
   // Names of the open procedures, outermost first.
   std::vector<std::string> open_;

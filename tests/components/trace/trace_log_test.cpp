@@ -159,6 +159,30 @@ TEST_F(TraceLogTest, EachSessionAppendsToTheSameFile) {
   EXPECT_THAT(ReadLog(log), ElementsAre(Parsed(0, "->", "First"), Parsed(0, "->", "Second")));
 }
 
+// A full log is kept as PATH.1 between two user actions, never in the middle of one.
+TEST_F(TraceLogTest, AFullLogIsKeptOnceAndANewOneStarts) {
+  const fs::path log = dir_ / "rotating.log";
+  constexpr std::uintmax_t kLimit = 200;
+  TraceLog trace(platform_, log.string(), kLimit);
+  const auto action = [&](const std::string& name) {
+    trace.EnterProc(name);
+    trace.EnterProc(name + "Inner");
+    trace.LeaveProc(name + "Inner");
+    trace.LeaveProc(name);
+  };
+  for (int i = 0; i < 5; ++i) action("Action" + std::to_string(i));
+  ASSERT_TRUE(fs::exists(log.string() + ".1"));
+  EXPECT_LT(fs::file_size(log), kLimit);
+  // Each file holds whole actions: four lines apiece, from the outermost entry on.
+  for (const fs::path& file : {log, fs::path(log.string() + ".1")}) {
+    const auto lines = ReadLog(file);
+    ASSERT_EQ(lines.size() % 4, 0u) << file;
+    ASSERT_FALSE(lines.empty()) << file;
+    EXPECT_EQ(lines.front().depth, 0);
+  }
+  EXPECT_FALSE(fs::exists(log.string() + ".2"));
+}
+
 TEST_F(TraceLogTest, UnwritableLogKeepsTracingWithoutTheFile) {
   fs::create_directories(dir_);
   std::ofstream(dir_ / "blocker") << "a file where a folder should be";
