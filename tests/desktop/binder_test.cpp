@@ -24,6 +24,7 @@
 using namespace pelkedit;
 using pelkor::desktop::Binder;
 using pelkor::desktop::BinderOptions;
+using pelkor::desktop::CalendarBox;
 using pelkor::desktop::DateOfDay;
 using pelkor::desktop::PictureView;
 
@@ -88,8 +89,11 @@ class BinderTest : public QObject {
     QVERIFY(form.Qt<QComboBox>("cboFunding") != nullptr);
     QVERIFY(form.Qt<QDateEdit>("deWwih") != nullptr);
     QVERIFY(form.Qt<QToolButton>("deWwihDrop") != nullptr);
-    QVERIFY(form.Qt<QCalendarWidget>("dtWwih") != nullptr);
-    QVERIFY(form.Qt<QPushButton>("dtWwihToday") != nullptr);
+    // The calendar is made when it is first needed.
+    auto* calendarBox = form.Qt<CalendarBox>("dtWwihBox");
+    QVERIFY(calendarBox != nullptr);
+    QCOMPARE(calendarBox->Calendar()->objectName(), QString("dtWwih"));
+    QCOMPARE(calendarBox->TodayButton()->objectName(), QString("dtWwihToday"));
     QVERIFY(form.Qt<QTextEdit>("rtfAdvice")->isReadOnly());
     QCOMPARE(form.binder->ModelFor(form.Qt<QToolButton>("deWwihDrop")),
              form.registry.Find("deWwih"));
@@ -296,7 +300,7 @@ class BinderTest : public QObject {
     QTest::mouseClick(form.Qt<QToolButton>("deWwihDrop"), Qt::LeftButton);
     QCOMPARE(drops, 1);
 
-    auto* qcal = form.Qt<QCalendarWidget>("dtWwih");
+    auto* qcal = form.Qt<CalendarBox>("dtWwihBox")->Calendar();
     emit qcal->clicked(QDate(2025, 2, 3));
     QCOMPARE(clicked, (std::vector<int>{3, 2, 2025}));
     QCOMPARE(calendar.Day(), pelkedit::Date::FromCivil(2025, 2, 3).DayNumber());

@@ -71,7 +71,7 @@ std::pair<QWidget*, QWidget*> MakeWidget(const pelkedit::Widget& model, QWidget*
     }
     case WidgetKind::kCalendar: {
       auto* box = new CalendarBox(name, form);
-      return {box, box->Calendar()};
+      return {box, box};
     }
     case WidgetKind::kDateField: {
       auto* edit = new QDateEdit(form);

@@ -220,7 +220,12 @@ void Binder::ApplyPicture(Binding& binding) {
     const auto fixed = options_.fixedPictures.find(model.Name());
     if (fixed != options_.fixedPictures.end()) id = fixed->second;
   }
-  static_cast<PictureView*>(binding.inner.data())->SetPixmap(id == 0 ? QPixmap() : PictureOf(id));
+  auto* view = static_cast<PictureView*>(binding.inner.data());
+  if (id == 0) {
+    view->SetPixmap(QPixmap());
+    return;
+  }
+  view->SetPixmapSource([this, id] { return PictureOf(id); });
 }
 
 void Binder::ApplyDayBounds(Binding& binding) {
@@ -233,8 +238,8 @@ void Binder::ApplyDayBounds(Binding& binding) {
                           ? static_cast<const pelkedit::DateEdit&>(model).DateOrder()
                           : DateOrderOf(options_.shortDateFormat);
     edit->setDisplayFormat(MaskedDateFormat(options_.shortDateFormat, order));
-  } else if (auto* calendar = qobject_cast<QCalendarWidget*>(binding.inner.data())) {
-    calendar->setDateRange(first, last);
+  } else if (auto* calendar = qobject_cast<CalendarBox*>(binding.inner.data())) {
+    calendar->SetDateRange(first, last);
   }
 }
 
@@ -243,8 +248,8 @@ void Binder::ApplyDay(Binding& binding) {
   const QDate date = DateOfDay(ClampToShowable(model.Day()));
   if (auto* edit = qobject_cast<QDateEdit*>(binding.inner.data())) {
     if (edit->date() != date) edit->setDate(date);
-  } else if (auto* calendar = qobject_cast<QCalendarWidget*>(binding.inner.data())) {
-    calendar->setSelectedDate(date);
+  } else if (auto* calendar = qobject_cast<CalendarBox*>(binding.inner.data())) {
+    calendar->SetSelectedDate(date);
   }
 }
 

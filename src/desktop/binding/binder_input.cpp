@@ -139,14 +139,8 @@ void Binder::ConnectDates(Binding& binding) {
   }
   auto* box = static_cast<CalendarBox*>(binding.placed.data());
   auto* calendar = static_cast<pelkedit::Calendar*>(model);
-  const auto pick = [this, calendar](const QDate& date) {
+  connect(box, &CalendarBox::datePicked, this, [this, calendar](const QDate& date) {
     Dispatch([calendar, date] { calendar->UserDateClick(date.year(), date.month(), date.day()); });
-  };
-  connect(box->Calendar(), &QCalendarWidget::clicked, this, pick);
-  connect(box->Calendar(), &QCalendarWidget::activated, this, pick);
-  connect(box->TodayButton(), &QPushButton::clicked, this, [box, pick] {
-    box->Calendar()->setSelectedDate(QDate::currentDate());
-    pick(QDate::currentDate());
   });
 }
 

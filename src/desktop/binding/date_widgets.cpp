@@ -81,20 +81,27 @@ namespace {
 constexpr double kHeaderScale = 0.8;
 }  // namespace
 
-CalendarBox::CalendarBox(const QString& name, QWidget* parent)
-    : QFrame(parent), calendar_(new QCalendarWidget(this)), today_(new QPushButton(this)) {
+CalendarBox::CalendarBox(const QString& name, QWidget* parent) : QFrame(parent), name_(name) {
   setObjectName(name + "Box");
   setFrameShape(QFrame::StyledPanel);
   setFrameShadow(QFrame::Raised);
   setAutoFillBackground(true);
-  calendar_->setObjectName(name);
+}
+
+void CalendarBox::Build() {
+  if (calendar_ != nullptr) return;
+  calendar_ = new QCalendarWidget(this);
+  today_ = new QPushButton(this);
+  calendar_->setObjectName(name_);
   calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar_->setGridVisible(false);
   // The day names in a slightly smaller type, so that "Wed" fits its narrow column whole.
   QTextCharFormat header = calendar_->headerTextFormat();
   header.setFontPointSize(QFontInfo(font()).pointSizeF() * kHeaderScale);
   calendar_->setHeaderTextFormat(header);
-  today_->setObjectName(name + "Today");
+  if (first_.isValid()) calendar_->setDateRange(first_, last_);
+  if (selected_.isValid()) calendar_->setSelectedDate(selected_);
+  today_->setObjectName(name_ + "Today");
   today_->setText(tr("Today"));
   today_->setFocusPolicy(Qt::NoFocus);
   auto* layout = new QVBoxLayout(this);
@@ -102,6 +109,42 @@ CalendarBox::CalendarBox(const QString& name, QWidget* parent)
   layout->setSpacing(2);
   layout->addWidget(calendar_, 1);
   layout->addWidget(today_, 0, Qt::AlignRight);
+  setFocusProxy(calendar_);
+  // Made while the box is being shown, after its children were: they show themselves.
+  calendar_->show();
+  today_->show();
+  connect(calendar_, &QCalendarWidget::clicked, this, &CalendarBox::datePicked);
+  connect(calendar_, &QCalendarWidget::activated, this, &CalendarBox::datePicked);
+  connect(today_, &QPushButton::clicked, this, [this] {
+    calendar_->setSelectedDate(QDate::currentDate());
+    emit datePicked(QDate::currentDate());
+  });
+}
+
+QCalendarWidget* CalendarBox::Calendar() {
+  Build();
+  return calendar_;
+}
+
+QPushButton* CalendarBox::TodayButton() {
+  Build();
+  return today_;
+}
+
+void CalendarBox::SetDateRange(const QDate& first, const QDate& last) {
+  first_ = first;
+  last_ = last;
+  if (calendar_ != nullptr) calendar_->setDateRange(first, last);
+}
+
+void CalendarBox::SetSelectedDate(const QDate& date) {
+  selected_ = date;
+  if (calendar_ != nullptr) calendar_->setSelectedDate(date);
+}
+
+void CalendarBox::showEvent(QShowEvent* event) {
+  Build();
+  QFrame::showEvent(event);
 }
 
 }  // namespace pelkor::desktop

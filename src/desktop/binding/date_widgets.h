@@ -37,17 +37,34 @@ class DateEditBox : public QWidget {
   QToolButton* drop_;
 };
 
-// A calendar on a raised panel with a "Today" button under it.
+// A calendar on a raised panel with a "Today" button under it. The calendar is the costliest
+// widget of the form and most users never open it, so it is made when first shown (or asked
+// for); the range and date given before are kept for it.
 class CalendarBox : public QFrame {
   Q_OBJECT
  public:
   explicit CalendarBox(const QString& name, QWidget* parent = nullptr);
-  QCalendarWidget* Calendar() const { return calendar_; }
-  QPushButton* TodayButton() const { return today_; }
+  QCalendarWidget* Calendar();
+  QPushButton* TodayButton();
+  void SetDateRange(const QDate& first, const QDate& last);
+  void SetSelectedDate(const QDate& date);
+
+ signals:
+  // The user picked a date: clicked or activated it, or pressed "Today".
+  void datePicked(const QDate& date);
+
+ protected:
+  void showEvent(QShowEvent* event) override;
 
  private:
-  QCalendarWidget* calendar_;
-  QPushButton* today_;
+  void Build();
+
+  QString name_;
+  QDate first_;
+  QDate last_;
+  QDate selected_;
+  QCalendarWidget* calendar_ = nullptr;
+  QPushButton* today_ = nullptr;
 };
 
 }  // namespace pelkor::desktop

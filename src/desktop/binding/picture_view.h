@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <functional>
 
 namespace pelkor::desktop {
 
@@ -11,13 +12,17 @@ class PictureView : public QWidget {
  public:
   explicit PictureView(QWidget* parent = nullptr) : QWidget(parent) {}
   void SetPixmap(const QPixmap& pixmap);
-  const QPixmap& Pixmap() const { return pixmap_; }
+  // The picture is drawn by `draw` when it is first needed: a picture on a page nobody opens
+  // is never drawn.
+  void SetPixmapSource(std::function<QPixmap()> draw);
+  const QPixmap& Pixmap() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPixmap pixmap_;
+  mutable QPixmap pixmap_;
+  mutable std::function<QPixmap()> draw_;
 };
 
 }  // namespace pelkor::desktop

@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
+#include <algorithm>
 
 #include "control/tab_strips.h"
 #include "pictures/drawing.h"
@@ -31,13 +32,13 @@ QFont UiFont(int pixelSize, bool bold) {
 
 QFont FitFont(const QString& text, int width, int pixelSize, int minPixelSize, bool bold) {
   QFont font = UiFont(pixelSize, bold);
-  for (int size = pixelSize; size >= minPixelSize; --size) {
-    font.setPixelSize(size);
-    font.setStretch(QFont::Unstretched);
-    if (QFontMetrics(font).horizontalAdvance(text) <= width) return font;
-    font.setStretch(kCondensedStretch);
-    if (QFontMetrics(font).horizontalAdvance(text) <= width) return font;
-  }
+  if (QFontMetrics(font).horizontalAdvance(text) <= width) return font;
+  font.setStretch(kCondensedStretch);
+  const int condensed = QFontMetrics(font).horizontalAdvance(text);
+  if (condensed <= width) return font;
+  // Text widths grow with the pixel size: the size that fits follows from one measurement,
+  // so no more fonts need loading than the one used.
+  font.setPixelSize(std::max(minPixelSize, pixelSize * width / condensed));
   return font;
 }
 
