@@ -37,7 +37,8 @@ void CheckIntegrity(SQLite::Database& db, const std::string& refusal) {
   check.executeStep();
   const std::string verdict = check.getColumn(0).getString();
   if (verdict != "ok") {
-    RaiseDataError(refusal + ": the database is damaged (" + verdict + ").");
+    RaiseDataError(refusal + ": the database is damaged (" + verdict +
+                   "). Restore it from a backup.");
   }
 }
 
@@ -45,23 +46,24 @@ void CheckIntegrity(SQLite::Database& db, const std::string& refusal) {
 bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
   const int applicationId = PragmaInt(db, "application_id");
   const int version = PragmaInt(db, "user_version");
+  const std::string foreign = refusal +
+                              ": it is a database of another application. Open an IBO database, "
+                              "or name a new file to create one.";
   if (applicationId == 0 && version == 0) {
-    if (HasAnySchemaObject(db)) {
-      RaiseDataError(refusal + ": it is a database of another application.");
-    }
+    if (HasAnySchemaObject(db)) RaiseDataError(foreign);
     return true;
   }
-  if (applicationId != kApplicationId) {
-    RaiseDataError(refusal + ": it is a database of another application.");
-  }
+  if (applicationId != kApplicationId) RaiseDataError(foreign);
   if (version != kSchemaVersion) {
     RaiseDataError(refusal + ": it has schema version " + std::to_string(version) +
-                   " and this program reads version " + std::to_string(kSchemaVersion) + ".");
+                   " and this program reads version " + std::to_string(kSchemaVersion) +
+                   ". Open it with the version of Pelkor that wrote it, or a newer one.");
   }
   for (const IboTable table : kTables) {
     if (!HasTable(db, TableSqlName(table))) {
       RaiseDataError(refusal + ": the database is damaged (the " +
-                     std::string(IboTableName(table)) + " table is missing).");
+                     std::string(IboTableName(table)) +
+                     " table is missing). Restore it from a backup.");
     }
   }
   return false;
