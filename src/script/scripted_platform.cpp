@@ -240,6 +240,8 @@ void ScriptedPlatform::ShowModal(pelkedit::ModalDialog& dialog) {
   if (!queued.empty()) {
     steps = std::move(queued.front());
     queued.pop_front();
+  } else if (answerRequired_.count(dialog.Name()) != 0 && onUnansweredDialog) {
+    onUnansweredDialog("unanswered dialog " + dialog.Name() + " closed with its close box");
   }
   dialog.Open();
   RunSteps(steps, dialog);

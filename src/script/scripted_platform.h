@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,10 @@ class ScriptedPlatform : public pelkedit::IPlatform {
   // Told when a box needed an answer that was not queued (or did not fit); the box is then
   // answered with its cancelling button.
   std::function<void(const std::string& problem)> onUnansweredBox;
+  // Dialogs that must have their steps queued; told (then closed with the close box) when one
+  // opens with nothing queued.
+  void RequireAnswer(const std::string& dialogName) { answerRequired_.insert(dialogName); }
+  std::function<void(const std::string& problem)> onUnansweredDialog;
 
   pelkedit::MsgAnswer MsgBox(const std::string& text, pelkedit::MsgIcon icon,
                              pelkedit::MsgButtons buttons, const std::string& title) override;
@@ -86,6 +91,7 @@ class ScriptedPlatform : public pelkedit::IPlatform {
   pelkedit::MousePointer pointer_ = pelkedit::MousePointer::kDefault;
   std::deque<pelkedit::MsgAnswer> answers_;
   std::map<std::string, std::deque<std::vector<DialogStep>>> dialogs_;
+  std::set<std::string> answerRequired_;
 };
 
 // The default clock of a fresh world.

@@ -1,5 +1,7 @@
 #include "session.h"
 
+#include "dialogs/frm_competitors.h"
+
 #include "control/pelk_ibo_edit.h"
 #include "recording.h"
 
@@ -31,7 +33,7 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"contacts", &Session::NotInThisVersion},
       {"lookup", &Session::NotInThisVersion},
       {"products", &Session::NotInThisVersion},
-      {"competitors-dialog", &Session::NotInThisVersion},
+      {"competitors-dialog", &Session::CompetitorsDialog},
       {"create", &Session::Create},
       {"destroy", &Session::Destroy},
       {"show", &Session::Show},
@@ -62,6 +64,10 @@ Session::Session(const WorldOptions& options, std::ostream& out, std::string fil
   world_.platform.onUnansweredBox = [this](const std::string& problem) {
     FailExpectation(problem);
   };
+  world_.platform.onUnansweredDialog = [this](const std::string& problem) {
+    FailExpectation(problem);
+  };
+  world_.platform.RequireAnswer(pelkedit::FrmCompetitors::kName);
 }
 
 void Session::Run(std::istream& in) {

@@ -72,6 +72,7 @@ class Session {
   // Modal answers.
   void Answer(const Words& w);
   void StartDateDialog(const Words& w);
+  void CompetitorsDialog(const Words& w);
   // Observing.
   void Print(const Words& w);
   void Expect(const Words& w);

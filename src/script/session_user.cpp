@@ -1,6 +1,7 @@
 // What the user does with the component's widgets, and the answers queued for modal boxes.
 #include <cctype>
 
+#include "dialogs/frm_competitors.h"
 #include "dialogs/frm_start_date.h"
 #include "session.h"
 #include "widgets/controls.h"
@@ -168,6 +169,24 @@ void Session::StartDateDialog(const Words& w) {
     }
   }
   world_.platform.QueueDialog(pelkedit::FrmStartDate::kName, std::move(steps));
+}
+
+void Session::CompetitorsDialog(const Words& w) {
+  RequireWords(w, 2, 3, "competitors-dialog save [\"TEXT\"] | cancel | close");
+  const std::string& ending = Bare(w[1]);
+  std::vector<DialogStep> steps;
+  if (ending == "save") {
+    // The dialog's one field is its text.
+    if (w.size() == 3) steps.emplace_back(0, pelkedit::Variant(DecodeString(w[2].raw)));
+    steps.emplace_back(DialogStep::Kind::kAccept);
+  } else if (ending == "cancel" && w.size() == 2) {
+    steps.emplace_back(DialogStep::Kind::kCancel);
+  } else if (ending == "close" && w.size() == 2) {
+    steps.emplace_back(DialogStep::Kind::kClose);
+  } else {
+    throw ScriptError("usage: competitors-dialog save [\"TEXT\"] | cancel | close");
+  }
+  world_.platform.QueueDialog(pelkedit::FrmCompetitors::kName, std::move(steps));
 }
 
 }  // namespace pelkscript

@@ -51,7 +51,7 @@ TEST(Runner, ExpectationsAreCountedAndFailuresNamed) {
 TEST(Runner, ScriptErrorsNameTheLineAndStopTheFile) {
   for (const char* bad :
        {"frobnicate\n", "expect control.NoSuchField = 1\n", "click noSuchWidget\n",
-        "engine rules\n", "config InstallPath \"C:\\\\\"\n", "competitors-dialog cancel\n",
+        "engine rules\n", "config InstallPath \"C:\\\\\"\n", "competitors-dialog maybe\n",
         "fail lookup.Show\n", "fail record.Nope\n", "ibo 7 5\n", "expect record.Status 1\n",
         "type txtIboNote \"open\n", "fill record.IboNote 2000000000\n"}) {
     const Outcome run = RunText(std::string("create\n") + bad + "expect focus = none\n");

@@ -28,6 +28,7 @@ constexpr std::int32_t kPointerIBeam = 3;
 constexpr std::int32_t kPointerHourglass = 11;
 constexpr std::int32_t kPointerNoDrop = 12;
 constexpr std::int32_t kPointerArrowHourglass = 13;
+constexpr std::int32_t kPointerArrowQuestion = 14;
 constexpr std::int32_t kPointerCustom = 99;
 
 Qt::CursorShape ShapeOf(std::int32_t pointer) {
@@ -42,6 +43,8 @@ Qt::CursorShape ShapeOf(std::int32_t pointer) {
       return Qt::ForbiddenCursor;
     case kPointerArrowHourglass:
       return Qt::BusyCursor;
+    case kPointerArrowQuestion:  // a click opens help
+      return Qt::WhatsThisCursor;
     case kPointerCustom:  // the editor's own pointer marks clickable captions
       return Qt::PointingHandCursor;
     case kPointerArrow:
@@ -78,7 +81,7 @@ void Binder::ApplyAll(Binding& binding) {
         "bounds", "day", "dateorder", "picture", "locked", "visible"}) {
     Apply(binding, property);
   }
-  if (binding.model->Focusable()) binding.inner->setFocusPolicy(Qt::StrongFocus);
+  binding.inner->setFocusPolicy(binding.model->Focusable() ? Qt::StrongFocus : Qt::NoFocus);
   applying_ = wasApplying;
 }
 

@@ -20,25 +20,41 @@ namespace {
 // Letters the host window's own menus use.
 const QString kMenuMnemonics = "FI";
 
+// Captions mark a mnemonic the classic way: "&S" marks S and "&&" is one ampersand.
+// The position of the marked character, or -1.
+int MarkedMnemonic(const QString& caption) {
+  for (int i = 0; i + 1 < caption.size(); ++i) {
+    if (caption[i] != '&') continue;
+    if (caption[i + 1] != '&') return i + 1;
+    ++i;
+  }
+  return -1;
+}
+
+// The caption with '&' inserted before its character at `at`.
+QString WithMnemonic(const QString& caption, int at) {
+  return caption.left(at) + '&' + caption.mid(at);
+}
+
+// The caption as shown without a mnemonic: "&&" as one ampersand, a lone '&' dropped.
+QString Unmarked(const QString& caption) {
+  QString text;
+  for (int i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && i + 1 < caption.size()) ++i;
+    text += caption[i];
+  }
+  return text;
+}
+
 // The letters captions mark themselves ("&Save").
 QString MarkedMnemonics(const std::vector<pelkedit::Widget*>& models) {
   QString marked;
   for (const pelkedit::Widget* model : models) {
     const QString caption = QString::fromStdString(model->Caption());
-    const auto at = caption.indexOf('&');
-    if (at >= 0 && at + 1 < caption.size()) marked += caption[at + 1].toUpper();
+    const int at = MarkedMnemonic(caption);
+    if (at >= 0) marked += caption[at].toUpper();
   }
   return marked;
-}
-
-// The caption with '&' before its character at `at`, other ampersands kept literal.
-QString WithMnemonic(const QString& caption, int at) {
-  QString text;
-  for (int i = 0; i < caption.size(); ++i) {
-    if (i == at) text += '&';
-    text += caption[i] == '&' ? QString("&&") : QString(caption[i]);
-  }
-  return text;
 }
 
 // The first letter of a word of the caption not yet taken, else any free letter; -1 if none.
@@ -46,6 +62,7 @@ int ChooseMnemonic(const QString& caption, QString& taken) {
   for (const bool wordStartsOnly : {true, false}) {
     for (int i = 0; i < caption.size(); ++i) {
       const QChar c = caption[i].toUpper();
+      if (caption[i] == '&') continue;
       const bool wordStart = i == 0 || !caption[i - 1].isLetterOrNumber();
       if (!c.isLetter() || taken.contains(c) || (wordStartsOnly && !wordStart)) continue;
       taken += c;
@@ -68,7 +85,7 @@ void Binder::SetUpKeyboard() {
   std::map<const pelkedit::Widget*, QString> taken;
   const auto chooseFor = [&](Binding& binding) {
     const QString caption = QString::fromStdString(binding.model->Caption());
-    if (caption.isEmpty() || caption.contains('&')) return;
+    if (caption.isEmpty() || MarkedMnemonic(caption) >= 0) return;
     auto [it, fresh] = taken.try_emplace(binding.model->Parent(), reserved);
     mnemonics_[binding.model] = ChooseMnemonic(caption, it->second);
   };
@@ -111,7 +128,7 @@ void Binder::ApplyLabelCaption(Binding& binding) {
   const auto buddy = buddies_.find(binding.model);
   if (buddy == buddies_.end()) {
     label->setTextFormat(Qt::PlainText);
-    label->setText(QString::fromStdString(binding.model->Caption()));
+    label->setText(Unmarked(QString::fromStdString(binding.model->Caption())));
     return;
   }
   label->setText(ShownCaption(*binding.model));

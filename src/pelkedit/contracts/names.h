@@ -15,23 +15,31 @@
   X(AdvisorWwgi)                  \
   X(CleanFlag)                    \
   X(CloseDate)                    \
+  X(Competitors)                  \
   X(CompetitorsKnown)             \
+  X(ContactCompany)               \
   X(DirtyExempt)                  \
   X(DirtyFlag)                    \
   X(DmEconDOP)                    \
+  X(DmEconImportant)              \
   X(DmEconImportantKnown)         \
   X(DmEconInfluence)              \
   X(DmEconKnown)                  \
+  X(DmEconName)                   \
   X(DmEconRelationship)           \
   X(DmTechDOP)                    \
+  X(DmTechImportant)              \
   X(DmTechImportantKnown)         \
   X(DmTechInfluence)              \
   X(DmTechKnown)                  \
+  X(DmTechName)                   \
   X(DmTechRelationship)           \
   X(DmUserDOP)                    \
+  X(DmUserImportant)              \
   X(DmUserImportantKnown)         \
   X(DmUserInfluence)              \
   X(DmUserKnown)                  \
+  X(DmUserName)                   \
   X(DmUserRelationship)           \
   X(ExpertMode)                   \
   X(IboNumber)                    \

@@ -1,9 +1,23 @@
 #include "control/answer.h"
 
+#include "contracts/names.h"
 #include "control/editor_context.h"
 #include "trace/error_paths.h"
 
 namespace pelkedit {
+
+const std::vector<const char*> kSEnvResults = {fact::AdvisorPriority, fact::AdvisorWih,
+                                               fact::AdvisorWwgi, fact::AdvisorExtraResult};
+
+void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
+                  const std::vector<const char*>& results) {
+  IAdvisor& advisor = ctx.Adv();
+  advisor.Set(fact, value);
+  advisor.Evaluate();
+  ctx.Rec().Set(property, value);
+  ctx.CopyAdvisorResults(results);
+  ctx.MarkIboAsDirty();
+}
 
 void ApplyAnswer(EditorContext& ctx, const Answer& answer, const Variant& value,
                  const std::function<void()>& redraw) {

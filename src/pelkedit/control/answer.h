@@ -21,6 +21,14 @@ struct Answer {
   std::vector<const char*> results;
 };
 
+// The engine results the Sales Environment's answers copy back, in their order.
+extern const std::vector<const char*> kSEnvResults;
+
+// The commit itself, inside the procedure that calls it (it has no trace of its own): the fact,
+// Evaluate, the property, the results in the order given, MarkIboAsDirty.
+void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
+                  const std::vector<const char*>& results);
+
 // Commits an answer in the order the editor requires: the fact, Evaluate, then (unless a load
 // is filling the widgets) the property, the results and MarkIboAsDirty; `redraw` runs last
 // inside the same procedure. A failure takes the method path, so the calling handler shows it.

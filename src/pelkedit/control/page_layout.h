@@ -14,6 +14,7 @@ namespace layout {
 inline constexpr float kLabelHeight = 17;
 inline constexpr float kOptionHeight = 20;
 inline constexpr float kFieldHeight = 22;
+inline constexpr float kRowPitch = 27;
 }  // namespace layout
 
 // Places widgets on a frame (or, with no parent, on the form or a dialog). Positions and sizes
@@ -41,6 +42,18 @@ class PageLayout {
     label.SetCaption(caption);
     return label;
   }
+  // A field that shows what the editor puts into it; the user neither types nor tabs into it.
+  TextBox& Display(const std::string& name, float left, float top, float width) {
+    auto& box = Place<TextBox>(name, left, top, width, layout::kFieldHeight);
+    box.SetLocked(true);
+    box.SetDisplayOnly();
+    return box;
+  }
+  // A label beside a field whose top is `fieldTop`, level with the field's text.
+  Label& FieldCaption(const std::string& name, float left, float fieldTop, float width,
+                      const std::string& caption) {
+    return Caption(name, left, fieldTop + kFieldCaptionDrop, width, caption);
+  }
   // A column of option buttons PREFIX + caption that form one group.
   template <std::size_t N>
   void OptionColumn(const std::string& prefix, float left, float top, float width,
@@ -65,6 +78,7 @@ class PageLayout {
     return widget;
   }
 
+  static constexpr float kFieldCaptionDrop = 3;
   WidgetRegistry& widgets_;
   Widget* parent_;
 };

@@ -23,7 +23,13 @@ enum class MsgAnswer {
 };
 
 // Screen mouse pointers, with the classic codes.
-enum class MousePointer : std::int32_t { kDefault = 0, kArrow = 1, kHourglass = 11 };
+enum class MousePointer : std::int32_t {
+  kDefault = 0,
+  kArrow = 1,
+  kHourglass = 11,
+  // An arrow with a question mark: the sign that a click opens help.
+  kArrowQuestion = 14,
+};
 
 const char* MsgIconName(MsgIcon icon);
 const char* MsgButtonsName(MsgButtons buttons);

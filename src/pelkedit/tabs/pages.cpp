@@ -1,6 +1,8 @@
 #include "tabs/pages.h"
 
 #include "tabs/advisor/advisor_tab.h"
+#include "tabs/environment/probe_tab.h"
+#include "tabs/environment/prove_tab.h"
 #include "tabs/essentials/essentials_tab.h"
 #include "tabs/info/info_tab.h"
 
@@ -11,6 +13,8 @@ namespace pelkedit {
 std::vector<std::unique_ptr<TabPage>> CreatePages(EditorContext& ctx) {
   std::vector<std::unique_ptr<TabPage>> pages;
   pages.push_back(std::make_unique<EssentialsTab>(ctx));
+  pages.push_back(std::make_unique<ProbeTab>(ctx));
+  pages.push_back(std::make_unique<ProveTab>(ctx));
   pages.push_back(std::make_unique<InfoTab>(ctx));
   pages.push_back(std::make_unique<AdvisorTab>(ctx));
   return pages;

@@ -35,7 +35,7 @@ const char* WidgetKindName(WidgetKind kind) {
 Widget::Widget(std::string name, WidgetKind kind) : name_(std::move(name)), kind_(kind) {}
 
 bool Widget::Focusable() const {
-  return kind_ != WidgetKind::kLabel && kind_ != WidgetKind::kPicture &&
+  return !displayOnly_ && kind_ != WidgetKind::kLabel && kind_ != WidgetKind::kPicture &&
          kind_ != WidgetKind::kFrame;
 }
 

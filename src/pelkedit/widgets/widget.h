@@ -40,8 +40,10 @@ class Widget {
 
   const std::string& Name() const { return name_; }
   WidgetKind Kind() const { return kind_; }
-  // Labels, pictures and frames never take the focus.
+  // Labels, pictures, frames and display-only fields never take the focus.
   bool Focusable() const;
+  // A field that only shows what the editor puts into it (a text display).
+  void SetDisplayOnly() { displayOnly_ = true; }
 
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
@@ -104,6 +106,7 @@ class Widget {
   WidgetKind kind_;
   bool visible_ = true;
   bool enabled_ = true;
+  bool displayOnly_ = false;
   float left_ = 0;
   float top_ = 0;
   float width_ = 0;
