@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QTimer>
 #include <cctype>
+#include <functional>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -93,13 +94,30 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
     Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   }
   window.resize(designed);
-  QTimer::singleShot(0, &window, [&] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (dialog == nullptr) return;
-    save(dialog, "start-date-dialog");
-    dialog->close();
-  });
-  window.ChangeStartDate();
+  // A dialog as it opens: photographed, then closed with its close box.
+  const auto shootDialog = [&](const char* name, const std::function<void()>& open) {
+    QTimer::singleShot(0, &window, [&save, name] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      if (dialog == nullptr) return;
+      save(dialog, name);
+      dialog->close();
+    });
+    open();
+  };
+  shootDialog("start-date-dialog", [&] { window.ChangeStartDate(); });
+  if (component.State().expertView) {
+    for (const TabShot& tab : tabs) {
+      if (!tab.phaseX) continue;
+      Press(component, pelkedit::widget::picMainTab, tab.mainX);
+      Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
+      break;
+    }
+    shootDialog("competitors-dialog", [&] {
+      window.Binding()->Run(
+          [&] { component.Widgets().Get<pelkedit::Button>("cmdSenvCompetitors").UserClick(); });
+    });
+    Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
+  }
   return written;
 }
 
@@ -113,6 +131,31 @@ QStringList ShootIbo(HostWindow& window, const QDir& folder, std::int32_t iboId,
                    folder, iboId);
 }
 
+// The Sales Environment's phases of one expert IBO.
+QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t iboId) {
+  if (!window.OpenIbo(iboId, pelkedit::view::kMain)) {
+    throw std::runtime_error("IBO " + std::to_string(iboId) + " cannot be shown");
+  }
+  QApplication::processEvents();
+  std::vector<TabShot> phases;
+  for (const TabShot& tab : TabsOf(pelkedit::ExpertMainStrip())) {
+    if (tab.phaseX) phases.push_back(tab);
+  }
+  QStringList written;
+  pelkedit::PelkIboEdit& component = *window.Component();
+  for (const TabShot& tab : phases) {
+    Press(component, pelkedit::widget::picMainTab, tab.mainX);
+    Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
+    const QString path =
+        folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(QString::fromStdString(tab.name)));
+    if (!window.Form()->grab().save(path)) {
+      throw std::runtime_error("cannot write " + path.toStdString());
+    }
+    written << path;
+  }
+  return written;
+}
+
 }  // namespace
 
 QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
@@ -121,16 +164,20 @@ QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
   QDir dir(folder);
   if (!dir.mkpath(".")) throw std::runtime_error("cannot create " + folder.toStdString());
   if (iboId) return ShootIbo(window, dir, *iboId, view);
-  std::optional<std::int32_t> expert;
+  std::vector<std::int32_t> experts;
   std::optional<std::int32_t> basic;
   for (const IboSummary& ibo : environment.Db()->ListIbos(IboTable::kMain)) {
-    if (ibo.expert && !expert) expert = ibo.id;
+    if (ibo.expert) experts.push_back(ibo.id);
     if (!ibo.expert && !basic) basic = ibo.id;
   }
-  if (!expert && !basic) throw std::runtime_error("the database holds no IBO to show");
+  if (experts.empty() && !basic) throw std::runtime_error("the database holds no IBO to show");
   QStringList written;
-  for (const auto& id : {expert, basic}) {
-    if (id) written << ShootIbo(window, dir, *id, pelkedit::view::kMain);
+  // Every page of one expert and one basic IBO; the Sales Environment of every other expert
+  // IBO, whose answers differ most from one to the next.
+  if (!experts.empty()) written << ShootIbo(window, dir, experts.front(), pelkedit::view::kMain);
+  if (basic) written << ShootIbo(window, dir, *basic, pelkedit::view::kMain);
+  for (std::size_t i = 1; i < experts.size(); ++i) {
+    written << ShootPhases(window, dir, experts[i]);
   }
   return written;
 }

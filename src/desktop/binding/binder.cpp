@@ -33,9 +33,18 @@ std::pair<QWidget*, QWidget*> MakeWidget(const pelkedit::Widget& model, QWidget*
       if (static_cast<const pelkedit::TextBox&>(model).Multiline()) {
         auto* edit = new QPlainTextEdit(form);
         edit->setTabChangesFocus(true);
+        // Lines wrap at the box's width: there is nothing to scroll sideways to.
+        edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         widget = edit;
       } else {
-        widget = new QLineEdit(form);
+        auto* line = new QLineEdit(form);
+        // A text display looks like the form, not like a field to type into.
+        if (!model.Focusable()) {
+          QPalette palette = line->palette();
+          palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+          line->setPalette(palette);
+        }
+        widget = line;
       }
       break;
     case WidgetKind::kList:

@@ -169,7 +169,12 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
       auto& box = static_cast<pelkedit::TextBox&>(model);
       const QString text = ToWidgetText(box.Text());
       if (auto* line = qobject_cast<QLineEdit*>(binding.inner.data())) {
-        if (property == "text" && line->text() != text) line->setText(text);
+        if (property == "text" && line->text() != text) {
+          line->setText(text);
+          // A text the editor puts into a field shows its start, as it reads; the user's own
+          // typing keeps its place.
+          if (!line->hasFocus()) line->setCursorPosition(0);
+        }
         if (property == "locked") line->setReadOnly(box.Locked());
         if (property == "selection") {
           const int start = Utf16Offset(text, box.SelStart());

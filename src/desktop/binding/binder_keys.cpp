@@ -83,11 +83,19 @@ void Binder::SetUpKeyboard() {
   // from the menus' and from those the captions mark themselves.
   const QString reserved = kMenuMnemonics + MarkedMnemonics(registry_.All());
   std::map<const pelkedit::Widget*, QString> taken;
+  // Rows that repeat a caption ("Relationship" for each decision maker) share its letter:
+  // pressing it again moves on to the next of them.
+  std::map<std::pair<const pelkedit::Widget*, QString>, int> chosen;
   const auto chooseFor = [&](Binding& binding) {
     const QString caption = QString::fromStdString(binding.model->Caption());
     if (caption.isEmpty() || MarkedMnemonic(caption) >= 0) return;
+    const auto key = std::make_pair(binding.model->Parent(), caption);
+    if (const auto same = chosen.find(key); same != chosen.end()) {
+      mnemonics_[binding.model] = same->second;
+      return;
+    }
     auto [it, fresh] = taken.try_emplace(binding.model->Parent(), reserved);
-    mnemonics_[binding.model] = ChooseMnemonic(caption, it->second);
+    mnemonics_[binding.model] = chosen[key] = ChooseMnemonic(caption, it->second);
   };
   for (std::size_t i = 0; i < bindings_.size(); ++i) {
     Binding& binding = bindings_[i];
