@@ -14,7 +14,14 @@
   X(AdvisorWih)                   \
   X(AdvisorWwgi)                  \
   X(CleanFlag)                    \
+  X(CloseBarriers)                \
   X(CloseDate)                    \
+  X(CloseDecided)                 \
+  X(CloseReason)                  \
+  X(CloseResult)                  \
+  X(CloseStrategy)                \
+  X(CloseTC)                      \
+  X(CloseWinBidder)               \
   X(Competitors)                  \
   X(CompetitorsKnown)             \
   X(ContactCompany)               \
@@ -53,7 +60,10 @@
   X(SEnvSolMatch)                 \
   X(StartDate)                    \
   X(Status)                       \
+  X(TrialCloseCurrent)            \
+  X(TrialCloseDate)               \
   X(TrialCloseFact)               \
+  X(TrialCloseFirst)              \
   X(UserPriority)                 \
   X(WIH)                          \
   X(WWGI)                         \

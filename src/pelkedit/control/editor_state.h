@@ -16,6 +16,8 @@ struct EditorState {
   std::int32_t mainTab = 0;
   std::int32_t sEnvTab = 0;
   bool promptAnswered = false;
+  // True while the Close phase fills or rebuilds its rows.
+  bool refreshing = false;
 };
 
 }  // namespace pelkedit

@@ -61,11 +61,6 @@ void BuildEditorShell(WidgetRegistry& widgets) {
   for (const char* name : kPhaseFrames) {
     environment.Place<Frame>(name, 0, kPhaseFrameTop, kFormWidth, kFrameHeight - kPhaseFrameTop);
   }
-  // The Close phase's close-date field takes the user's date order at creation; it stays
-  // hidden until the phase shows it with the rest of its answers.
-  PageLayout close(widgets, widgets.Get<Frame>(PhaseFrameName(tab::kClose)));
-  close.Place<DateEdit>(widget::deCloseDateEdit, 240, 200, 120, layout::kFieldHeight)
-      .SetVisible(false);
 }
 
 void BuildEditorButtons(WidgetRegistry& widgets) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -53,6 +54,18 @@ class PageLayout {
   Label& FieldCaption(const std::string& name, float left, float fieldTop, float width,
                       const std::string& caption) {
     return Caption(name, left, fieldTop + kFieldCaptionDrop, width, caption);
+  }
+  // Option buttons side by side that form one group.
+  void Options(std::initializer_list<const char*> names,
+               std::initializer_list<const char*> captions, float left, float top, float width) {
+    auto group = std::make_shared<OptionGroup>();
+    auto caption = captions.begin();
+    for (const char* name : names) {
+      auto& option = Place<OptionButton>(name, left, top, width, layout::kOptionHeight);
+      option.SetCaption(*caption++);
+      option.JoinGroup(group);
+      left += width;
+    }
   }
   // A column of option buttons PREFIX + caption that form one group.
   template <std::size_t N>

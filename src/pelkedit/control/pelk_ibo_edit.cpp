@@ -160,7 +160,8 @@ std::optional<Variant> PelkIboEdit::StateByName(const std::string& name) const {
   const std::map<std::string, Variant> fields = {
       {"IboChanged", s.iboChanged}, {"IboSaved", s.iboSaved}, {"Loading", s.loading},
       {"ExpertView", s.expertView}, {"DbView", s.dbView},     {"LoadedStatus", s.loadedStatus},
-      {"MainTab", s.mainTab},       {"SEnvTab", s.sEnvTab},   {"PromptAnswered", s.promptAnswered}};
+      {"MainTab", s.mainTab},       {"SEnvTab", s.sEnvTab},   {"PromptAnswered", s.promptAnswered},
+      {"Refreshing", s.refreshing}};
   if (name == "IboStatus") return Variant(IboStatus());
   const auto it = fields.find(name);
   if (it == fields.end()) return std::nullopt;

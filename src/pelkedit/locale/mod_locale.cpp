@@ -67,4 +67,36 @@ std::int32_t DayNumberOf(const Date& date) {
   return date.DayNumber();
 }
 
+namespace {
+
+constexpr int kTwoDigitYears = 100;
+
+std::string Digits(int value, std::size_t width) {
+  std::string text = std::to_string(value);
+  if (text.size() < width) text.insert(0, width - text.size(), '0');
+  return text;
+}
+
+}  // namespace
+
+std::string FormatShortDate(const Date& date, const std::string& format) {
+  std::string text;
+  for (std::size_t i = 0; i < format.size();) {
+    const char c = format[i];
+    std::size_t run = 1;
+    while (i + run < format.size() && format[i + run] == c) ++run;
+    if (c == 'd') {
+      text += Digits(date.Day(), run >= 2 ? 2 : 1);
+    } else if (c == 'M') {
+      text += Digits(date.Month(), run >= 2 ? 2 : 1);
+    } else if (c == 'y') {
+      text += run >= 4 ? Digits(date.Year(), 4) : Digits(date.Year() % kTwoDigitYears, 2);
+    } else {
+      text.append(run, c);
+    }
+    i += run;
+  }
+  return text;
+}
+
 }  // namespace pelkedit

@@ -23,6 +23,10 @@ std::int32_t GetUserDateOrder(IPlatform& platform);
 // month and year it names first (either case); nullopt when it names none of them.
 std::optional<std::int32_t> DateOrderFromFormat(const std::string& shortDateFormat);
 
+// The date (no time of day) in a short-date format such as "M/d/yyyy" or "dd.MM.yy": d and dd
+// the day, M and MM the month, yy and yyyy the year; anything else is kept as it stands.
+std::string FormatShortDate(const Date& date, const std::string& shortDateFormat);
+
 // 1900-01-01 plus lDays days (negative values go back before 1900).
 Date GetDateFromLong(std::int32_t lDays);
 // Whole days from 1900-01-01 to the date.

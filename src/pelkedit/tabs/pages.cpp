@@ -1,6 +1,7 @@
 #include "tabs/pages.h"
 
 #include "tabs/advisor/advisor_tab.h"
+#include "tabs/environment/close_tab.h"
 #include "tabs/environment/probe_tab.h"
 #include "tabs/environment/prove_tab.h"
 #include "tabs/essentials/essentials_tab.h"
@@ -15,6 +16,7 @@ std::vector<std::unique_ptr<TabPage>> CreatePages(EditorContext& ctx) {
   pages.push_back(std::make_unique<EssentialsTab>(ctx));
   pages.push_back(std::make_unique<ProbeTab>(ctx));
   pages.push_back(std::make_unique<ProveTab>(ctx));
+  pages.push_back(std::make_unique<CloseTab>(ctx));
   pages.push_back(std::make_unique<InfoTab>(ctx));
   pages.push_back(std::make_unique<AdvisorTab>(ctx));
   return pages;
