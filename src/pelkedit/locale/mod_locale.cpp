@@ -70,6 +70,20 @@ std::int32_t DayNumberOf(const Date& date) {
 namespace {
 
 constexpr int kTwoDigitYears = 100;
+constexpr std::size_t kShortName = 3;
+const char* const kMonthNames[] = {"January",   "February", "March",    "April",
+                                   "May",       "June",     "July",     "August",
+                                   "September", "October",  "November", "December"};
+const char* const kDayNames[] = {"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                 "Thursday", "Friday", "Saturday"};
+constexpr int kDaysPerWeek = 7;
+// 1900-01-01 was a Monday.
+constexpr int kWeekdayOfDayZero = 1;
+
+// A name in full (four letters or more of the pattern) or by its first three letters.
+std::string Name(const char* name, std::size_t run) {
+  return run >= 4 ? std::string(name) : std::string(name).substr(0, kShortName);
+}
 
 std::string Digits(int value, std::size_t width) {
   std::string text = std::to_string(value);
@@ -85,8 +99,14 @@ std::string FormatShortDate(const Date& date, const std::string& format) {
     const char c = format[i];
     std::size_t run = 1;
     while (i + run < format.size() && format[i + run] == c) ++run;
-    if (c == 'd') {
+    if (c == 'd' && run >= kShortName) {
+      const int weekday =
+          ((DayNumberOf(date) + kWeekdayOfDayZero) % kDaysPerWeek + kDaysPerWeek) % kDaysPerWeek;
+      text += Name(kDayNames[weekday], run);
+    } else if (c == 'd') {
       text += Digits(date.Day(), run >= 2 ? 2 : 1);
+    } else if (c == 'M' && run >= kShortName) {
+      text += Name(kMonthNames[date.Month() - 1], run);
     } else if (c == 'M') {
       text += Digits(date.Month(), run >= 2 ? 2 : 1);
     } else if (c == 'y') {

@@ -23,8 +23,9 @@ std::int32_t GetUserDateOrder(IPlatform& platform);
 // month and year it names first (either case); nullopt when it names none of them.
 std::optional<std::int32_t> DateOrderFromFormat(const std::string& shortDateFormat);
 
-// The date (no time of day) in a short-date format such as "M/d/yyyy" or "dd.MM.yy": d and dd
-// the day, M and MM the month, yy and yyyy the year; anything else is kept as it stands.
+// The date (no time of day) in a short-date format such as "M/d/yyyy", "dd.MM.yy" or
+// "d MMM yyyy": d and dd the day, ddd and dddd its weekday's name, M and MM the month, MMM and
+// MMMM its name, yy and yyyy the year; anything else is kept as it stands.
 std::string FormatShortDate(const Date& date, const std::string& shortDateFormat);
 
 // 1900-01-01 plus lDays days (negative values go back before 1900).
