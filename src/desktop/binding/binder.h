@@ -94,6 +94,7 @@ class Binder : public QObject {
   void SetUpKeyboard();
   bool KeyEvent(Binding& binding, QEvent* event);
   QString ShownCaption(const pelkedit::Widget& model) const;
+  const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
   void ApplyLabelCaption(Binding& binding);
   QWidget* TabStopOf(const pelkedit::Widget& model);
   std::vector<Binding*> GroupOf(Binding& option);

@@ -115,13 +115,23 @@ void Binder::SetUpKeyboard() {
       if (next.model->Kind() == WidgetKind::kLabel || next.model->Kind() == WidgetKind::kButton) {
         break;
       }
-      if (!next.model->Focusable()) continue;
-      buddies_[binding.model] = next.model;
+      const pelkedit::Widget* named = next.model;
+      // A frame holding an option pair stands for the options inside it.
+      if (named->Kind() == WidgetKind::kFrame) named = FirstFocusableIn(*named);
+      if (named == nullptr || !named->Focusable()) continue;
+      buddies_[binding.model] = named;
       chooseFor(binding);
       break;
     }
   }
   for (Binding& binding : bindings_) Apply(binding, "caption");
+}
+
+const pelkedit::Widget* Binder::FirstFocusableIn(const pelkedit::Widget& frame) const {
+  for (const Binding& binding : bindings_) {
+    if (binding.model->Parent() == &frame && binding.model->Focusable()) return binding.model;
+  }
+  return nullptr;
 }
 
 QString Binder::ShownCaption(const pelkedit::Widget& model) const {
