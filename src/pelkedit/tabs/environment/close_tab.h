@@ -45,8 +45,21 @@ class CloseTab : public TabPage {
   // Saves the refresh flag, sets it for the body, and restores it however the body ends.
   template <typename Body>
   void Refreshing(Body&& body);
+  bool& RefreshFlag();
 
   EditorContext& ctx_;
 };
+
+template <typename Body>
+void CloseTab::Refreshing(Body&& body) {
+  // Restored however the body ends, so a failure never leaves the page refreshing.
+  struct Restore {
+    bool& flag;
+    bool previous;
+    ~Restore() { flag = previous; }
+  } restore{RefreshFlag(), RefreshFlag()};
+  RefreshFlag() = true;
+  body();
+}
 
 }  // namespace pelkedit

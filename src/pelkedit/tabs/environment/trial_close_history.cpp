@@ -3,11 +3,13 @@
 #include "contracts/names.h"
 #include "contracts/record.h"
 #include "locale/mod_locale.h"
+#include "tabs/environment/close_rows.h"
 
 namespace pelkedit {
 namespace {
 
-constexpr std::int32_t kRingSlots = 10;
+using close_page::kRingSlots;
+
 constexpr const char* kLineBreak = "\r\n";
 
 }  // namespace
