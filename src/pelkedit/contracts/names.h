@@ -24,7 +24,12 @@
   X(CloseWinBidder)               \
   X(Competitors)                  \
   X(CompetitorsKnown)             \
+  X(ContactAddress)               \
   X(ContactCompany)               \
+  X(ContactEmail)                 \
+  X(ContactFirstName)             \
+  X(ContactLastName)              \
+  X(ContactPhone)                 \
   X(DirtyExempt)                  \
   X(DirtyFlag)                    \
   X(DmEconDOP)                    \
@@ -49,6 +54,7 @@
   X(DmUserName)                   \
   X(DmUserRelationship)           \
   X(ExpertMode)                   \
+  X(IboNote)                      \
   X(IboNumber)                    \
   X(ModifiedDate)                 \
   X(SEnvBudgetMatch)              \

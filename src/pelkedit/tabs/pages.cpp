@@ -6,6 +6,7 @@
 #include "tabs/environment/prove_tab.h"
 #include "tabs/essentials/essentials_tab.h"
 #include "tabs/info/info_tab.h"
+#include "tabs/note/note_tab.h"
 
 namespace pelkedit {
 
@@ -18,6 +19,7 @@ std::vector<std::unique_ptr<TabPage>> CreatePages(EditorContext& ctx) {
   pages.push_back(std::make_unique<ProveTab>(ctx));
   pages.push_back(std::make_unique<CloseTab>(ctx));
   pages.push_back(std::make_unique<InfoTab>(ctx));
+  pages.push_back(std::make_unique<NoteTab>(ctx));
   pages.push_back(std::make_unique<AdvisorTab>(ctx));
   return pages;
 }
