@@ -71,6 +71,11 @@ BinderOptions FormOptions(QtPlatform& platform) {
                             pelkedit::widget::picLine, pelkedit::widget::txtSalesCycle}) {
     options.stretch[graph] = kFollowRight;
   }
+  // The note and the trial-close history take the room of their pages.
+  options.stretch["txtIboNote"] = kGrowWidth | kGrowHeight;
+  options.stretch["dteDateStamp"] = kFollowRight;
+  options.stretch["cmdDateStamp"] = kFollowRight;
+  options.stretch["txtTrialCloseHistory"] = kGrowWidth | kGrowHeight;
   return options;
 }
 
