@@ -27,7 +27,6 @@ namespace {
 constexpr int kFormWidth = 600;
 constexpr int kFormHeight = 400;
 constexpr const char* kAppTitle = "Pelkor";
-constexpr const char* kCompanyProperty = "ContactCompany";
 constexpr int kStatusMessageMs = 8000;
 
 struct StatusChoice {
@@ -252,7 +251,8 @@ void HostWindow::UpdateTitle() {
   if (component_ && component_->Record()) {
     QString company;
     HostCall([&] {
-      company = QString::fromStdString(component_->Record()->Get(kCompanyProperty).AsString());
+      company = QString::fromStdString(
+          component_->Record()->Get(pelkedit::prop::ContactCompany).AsString());
     });
     if (!company.isEmpty()) title += QString::fromUtf8(" \u2014 ") + company;
   }
