@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QTimer>
+#include <algorithm>
 #include <cctype>
 #include <functional>
 #include <optional>
@@ -63,55 +64,73 @@ void Press(pelkedit::PelkIboEdit& component, const char* strip, float x) {
   QApplication::processEvents();
 }
 
+// A press on the tab's band, and on its phase's band.
+void PressTab(pelkedit::PelkIboEdit& component, const TabShot& tab) {
+  Press(component, pelkedit::widget::picMainTab, tab.mainX);
+  if (tab.phaseX) Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
+}
+
+// Writes FOLDER/iboID-NAME.png of what the widget shows; returns its path.
+QString Save(QWidget& widget, const QDir& folder, std::int32_t iboId, const std::string& name) {
+  const QString path =
+      folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(QString::fromStdString(name)));
+  if (!widget.grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
+  return path;
+}
+
+void Open(HostWindow& window, std::int32_t iboId, std::int32_t view) {
+  if (!window.OpenIbo(iboId, view)) {
+    throw std::runtime_error("IBO " + std::to_string(iboId) + " cannot be shown");
+  }
+  QApplication::processEvents();
+}
+
+// Each tab's page, then back where the user starts.
+QStringList ShootPages(HostWindow& window, const std::vector<TabShot>& tabs, const QDir& folder,
+                       std::int32_t iboId) {
+  QStringList written;
+  pelkedit::PelkIboEdit& component = *window.Component();
+  for (const TabShot& tab : tabs) {
+    PressTab(component, tab);
+    written << Save(*window.Form(), folder, iboId, tab.name);
+  }
+  Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
+  return written;
+}
+
+// The whole window, its pages, the window grown (as maximised), and the dialogs it opens.
 QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, const QDir& folder,
                       std::int32_t iboId) {
   QStringList written;
-  const auto save = [&](QWidget* widget, const std::string& name) {
-    const QString path =
-        folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(QString::fromStdString(name)));
-    if (!widget->grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
-    written << path;
-  };
-  // The whole window once, with its menu and status bar.
-  save(&window, "window");
+  written << Save(window, folder, iboId, "window");
+  written << ShootPages(window, tabs, folder, iboId);
   pelkedit::PelkIboEdit& component = *window.Component();
-  for (const TabShot& tab : tabs) {
-    Press(component, pelkedit::widget::picMainTab, tab.mainX);
-    if (tab.phaseX) Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
-    save(window.Form(), tab.name);
-  }
-  // Back where the user starts.
-  Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
-  // The window grown (as maximised), then the start-date dialog over it.
   const QSize designed = window.size();
   window.resize(designed * kGrownScale);
   QApplication::processEvents();
-  save(&window, "window-grown");
+  written << Save(window, folder, iboId, "window-grown");
   for (const TabShot& tab : tabs) {
     if (tab.name != "sales-advisor") continue;
-    Press(component, pelkedit::widget::picMainTab, tab.mainX);
-    save(&window, "sales-advisor-grown");
+    PressTab(component, tab);
+    written << Save(window, folder, iboId, "sales-advisor-grown");
     Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   }
   window.resize(designed);
   // A dialog as it opens: photographed, then closed with its close box.
   const auto shootDialog = [&](const char* name, const std::function<void()>& open) {
-    QTimer::singleShot(0, &window, [&save, name] {
+    QTimer::singleShot(0, &window, [&, name] {
       QWidget* dialog = QApplication::activeModalWidget();
       if (dialog == nullptr) return;
-      save(dialog, name);
+      written << Save(*dialog, folder, iboId, name);
       dialog->close();
     });
     open();
   };
   shootDialog("start-date-dialog", [&] { window.ChangeStartDate(); });
   if (component.State().expertView) {
-    for (const TabShot& tab : tabs) {
-      if (!tab.phaseX) continue;
-      Press(component, pelkedit::widget::picMainTab, tab.mainX);
-      Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
-      break;
-    }
+    const auto probe = std::find_if(tabs.begin(), tabs.end(),
+                                    [](const TabShot& tab) { return tab.phaseX.has_value(); });
+    if (probe != tabs.end()) PressTab(component, *probe);
     shootDialog("competitors-dialog", [&] {
       window.Binding()->Run(
           [&] { component.Widgets().Get<pelkedit::Button>("cmdSenvCompetitors").UserClick(); });
@@ -123,37 +142,19 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
 
 QStringList ShootIbo(HostWindow& window, const QDir& folder, std::int32_t iboId,
                      std::int32_t view) {
-  if (!window.OpenIbo(iboId, view)) {
-    throw std::runtime_error("IBO " + std::to_string(iboId) + " cannot be shown");
-  }
-  QApplication::processEvents();
+  Open(window, iboId, view);
   return ShootTabs(window, TabsOf(pelkedit::MainStrip(window.Component()->State().expertView)),
                    folder, iboId);
 }
 
 // The Sales Environment's phases of one expert IBO.
 QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t iboId) {
-  if (!window.OpenIbo(iboId, pelkedit::view::kMain)) {
-    throw std::runtime_error("IBO " + std::to_string(iboId) + " cannot be shown");
-  }
-  QApplication::processEvents();
+  Open(window, iboId, pelkedit::view::kMain);
   std::vector<TabShot> phases;
   for (const TabShot& tab : TabsOf(pelkedit::ExpertMainStrip())) {
     if (tab.phaseX) phases.push_back(tab);
   }
-  QStringList written;
-  pelkedit::PelkIboEdit& component = *window.Component();
-  for (const TabShot& tab : phases) {
-    Press(component, pelkedit::widget::picMainTab, tab.mainX);
-    Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
-    const QString path =
-        folder.filePath(QString("ibo%1-%2.png").arg(iboId).arg(QString::fromStdString(tab.name)));
-    if (!window.Form()->grab().save(path)) {
-      throw std::runtime_error("cannot write " + path.toStdString());
-    }
-    written << path;
-  }
-  return written;
+  return ShootPages(window, phases, folder, iboId);
 }
 
 }  // namespace

@@ -6,30 +6,37 @@
 
 namespace pelkedit {
 
-const std::vector<const char*> kSEnvResults = {fact::AdvisorPriority, fact::AdvisorWih,
-                                               fact::AdvisorWwgi, fact::AdvisorExtraResult};
+const std::vector<const char*> kAdvisorResults = {fact::AdvisorPriority, fact::AdvisorWih,
+                                                  fact::AdvisorWwgi, fact::AdvisorExtraResult};
 
-void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
-                  const std::vector<const char*>& results) {
+namespace {
+
+void TellEngine(EditorContext& ctx, const char* fact, const Variant& value) {
   IAdvisor& advisor = ctx.Adv();
   advisor.Set(fact, value);
   advisor.Evaluate();
+}
+
+void StoreAnswer(EditorContext& ctx, const char* property, const Variant& value,
+                 const std::vector<const char*>& results) {
   ctx.Rec().Set(property, value);
   ctx.CopyAdvisorResults(results);
   ctx.MarkIboAsDirty();
 }
 
+}  // namespace
+
+void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
+                  const std::vector<const char*>& results) {
+  TellEngine(ctx, fact, value);
+  StoreAnswer(ctx, property, value, results);
+}
+
 void ApplyAnswer(EditorContext& ctx, const Answer& answer, const Variant& value,
                  const std::function<void()>& redraw) {
   RunMethod(EditorContext::Proc(answer.procedure), [&] {
-    IAdvisor& advisor = ctx.Adv();
-    advisor.Set(answer.fact, value);
-    advisor.Evaluate();
-    if (!ctx.state.loading) {
-      ctx.Rec().Set(answer.property, value);
-      ctx.CopyAdvisorResults(answer.results);
-      ctx.MarkIboAsDirty();
-    }
+    TellEngine(ctx, answer.fact, value);
+    if (!ctx.state.loading) StoreAnswer(ctx, answer.property, value, answer.results);
     if (redraw) redraw();
   });
 }

@@ -21,8 +21,8 @@ struct Answer {
   std::vector<const char*> results;
 };
 
-// The engine results the Sales Environment's answers copy back, in their order.
-extern const std::vector<const char*> kSEnvResults;
+// The four engine results most changes copy back into the record, in their order.
+extern const std::vector<const char*> kAdvisorResults;
 
 // The commit itself, inside the procedure that calls it (it has no trace of its own): the fact,
 // Evaluate, the property, the results in the order given, MarkIboAsDirty.

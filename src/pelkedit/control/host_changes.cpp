@@ -1,6 +1,7 @@
 #include "control/host_changes.h"
 
 #include "contracts/names.h"
+#include "control/answer.h"
 #include "control/caption.h"
 #include "control/editor_context.h"
 #include "control/navigation.h"
@@ -8,12 +9,6 @@
 #include "trace/error_paths.h"
 
 namespace pelkedit {
-
-// What every host change copies back, after the start date's own UserPriority.
-void HostChanges::CopyBack() {
-  ctx_.CopyAdvisorResults(
-      {fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorExtraResult});
-}
 
 // Every page takes the change in list order, then the pages of the current tab redraw.
 void HostChanges::TellPages(HostChange change) {
@@ -29,13 +24,10 @@ void HostChanges::IboChangeStartDate() {
     dialog.DialogInit(rec.Get(prop::StartDate).AsDate(), rec.Get(prop::WwihDate).AsDate());
     ctx_.platform.ShowModal(dialog);
     if (dialog.DialogCancel() || dialog.StartDate() == rec.Get(prop::StartDate).AsDate()) return;
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(fact::StartDate, dialog.StartDate());
-    advisor.Evaluate();
-    rec.Set(prop::StartDate, dialog.StartDate());
-    ctx_.CopyAdvisorResults({fact::UserPriority});
-    CopyBack();
-    ctx_.MarkIboAsDirty();
+    // The start date copies the user's priority first, then the four results.
+    CommitAnswer(ctx_, fact::StartDate, prop::StartDate, dialog.StartDate(),
+                 {fact::UserPriority, fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
+                  fact::AdvisorExtraResult});
     UpdateIboStartDateChanged();
   });
 }
@@ -54,7 +46,7 @@ void HostChanges::IboChangeStatus(std::int32_t status) {
     rec.Set(prop::CloseDate, ctx_.platform.Now());
     advisor.Evaluate();
     rec.Set(prop::Status, status);
-    CopyBack();
+    ctx_.CopyAdvisorResults(kAdvisorResults);
     ctx_.MarkIboAsDirty();
     UpdateIboStatusChanged(status);
   });
@@ -79,12 +71,7 @@ void HostChanges::IboUpgradeToExpert() {
       return;
     }
     ctx_.state.expertView = true;
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(fact::ExpertMode, true);
-    advisor.Evaluate();
-    rec.Set(prop::ExpertMode, true);
-    CopyBack();
-    ctx_.MarkIboAsDirty();
+    CommitAnswer(ctx_, fact::ExpertMode, prop::ExpertMode, true, kAdvisorResults);
     UpdateUpgradeToExpert();
     ctx_.events.SetExpertMode(true);
   });

@@ -20,7 +20,6 @@ class HostChanges {
   void UpdateIboStartDateChanged();
   void UpdateIboStatusChanged(std::int32_t status);
   void UpdateUpgradeToExpert();
-  void CopyBack();
   void TellPages(HostChange change);
 
   EditorContext& ctx_;

@@ -167,7 +167,7 @@ void ProbeTab::UpdateSEnvQuestion(ListBox& list, const char* fact, const char* p
     const std::int32_t value = list.ListIndex();
     if (ctx_.state.loading || value < 0) return;
     // Every pick commits, the stored answer again too.
-    CommitAnswer(ctx_, fact, property, value, kSEnvResults);
+    CommitAnswer(ctx_, fact, property, value, kAdvisorResults);
   });
 }
 
@@ -179,7 +179,7 @@ void ProbeTab::UpdateSEnvProbeDmInfluence(const DecisionMaker& dm) {
     ctx_.Get<TextBox>(dm.influenceEcho).SetText(list.List(value));
     if (ctx_.state.loading) return;
     if (ctx_.Adv().Get(dm.influenceFact).AsLong() == value) return;
-    CommitAnswer(ctx_, dm.influenceFact, dm.influenceProperty, value, kSEnvResults);
+    CommitAnswer(ctx_, dm.influenceFact, dm.influenceProperty, value, kAdvisorResults);
   });
 }
 
@@ -194,7 +194,7 @@ void ProbeTab::UpdateSEnvProbeDmName(const DecisionMaker& dm) {
     advisor.Evaluate();
     rec.Set(dm.knownProperty, known);
     rec.Set(dm.nameProperty, name);
-    ctx_.CopyAdvisorResults(kSEnvResults);
+    ctx_.CopyAdvisorResults(kAdvisorResults);
     ctx_.MarkIboAsDirty();
     ProveRefreshAll(ctx_);
   });
@@ -213,7 +213,7 @@ void ProbeTab::UpdateSEnvProbeDmImportant(const DecisionMaker& dm) {
     advisor.Evaluate();
     // The record derives whether the text is known.
     rec.Set(dm.importantProperty, text);
-    ctx_.CopyAdvisorResults(kSEnvResults);
+    ctx_.CopyAdvisorResults(kAdvisorResults);
     ctx_.MarkIboAsDirty();
   });
 }

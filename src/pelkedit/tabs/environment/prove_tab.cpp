@@ -98,7 +98,7 @@ void ProveTab::UpdateAnswer(const char* procedure, ListBox& list, const char* fa
     const std::int32_t value = list.ListIndex();
     if (value < 0 || ctx_.state.loading) return;
     if (ctx_.Adv().Get(fact).AsLong() == value) return;
-    CommitAnswer(ctx_, fact, property, value, kSEnvResults);
+    CommitAnswer(ctx_, fact, property, value, kAdvisorResults);
   });
 }
 

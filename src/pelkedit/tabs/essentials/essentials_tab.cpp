@@ -156,13 +156,9 @@ void EssentialsTab::SaveEssentialsTab() {
 
 // A new WWIH date goes to the advisor first, then to the record with the advisor's results.
 void EssentialsTab::ApplyWwihDate(const Date& newDate) {
-  IAdvisor& advisor = ctx_.Adv();
-  advisor.Set(fact::WwihDate, newDate);
-  advisor.Evaluate();
-  ctx_.Rec().Set(prop::WwihDate, newDate);
-  ctx_.CopyAdvisorResults({fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
-                           fact::AdvisorExtraResult, fact::UserPriority});
-  ctx_.MarkIboAsDirty();
+  CommitAnswer(ctx_, fact::WwihDate, prop::WwihDate, newDate,
+               {fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
+                fact::AdvisorExtraResult, fact::UserPriority});
   matrix_.RefreshPriorityInfo(false);
 }
 
