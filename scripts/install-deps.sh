@@ -4,7 +4,7 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
-  libsqlite3-dev libsqlitecpp-dev libcli11-dev
+  libsqlite3-dev libsqlitecpp-dev libcli11-dev nlohmann-json3-dev
   qt6-base-dev xvfb xauth
 )
 missing=()

@@ -32,7 +32,7 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"config", &Session::NotInThisVersion},
       {"contacts", &Session::NotInThisVersion},
       {"lookup", &Session::NotInThisVersion},
-      {"products", &Session::NotInThisVersion},
+      {"products", &Session::Products},
       {"competitors-dialog", &Session::CompetitorsDialog},
       {"create", &Session::Create},
       {"destroy", &Session::Destroy},

@@ -73,6 +73,7 @@ class Session {
   void Answer(const Words& w);
   void StartDateDialog(const Words& w);
   void CompetitorsDialog(const Words& w);
+  void Products(const Words& w);
   // Observing.
   void Print(const Words& w);
   void Expect(const Words& w);

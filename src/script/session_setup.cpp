@@ -45,6 +45,7 @@ bool KnownOperation(const std::string& object, const std::string& operation) {
   if (object == "size") return operation == "GetPhysicalSize";
   if (object == "trace") return TraceOperations().count(operation) != 0;
   if (object == "platform") return PlatformOperations().count(operation) != 0;
+  if (object == "products") return ProductViewOperation(operation);
   return false;
 }
 
@@ -92,7 +93,7 @@ void Session::Fail(const Words& w) {
   if (dot == std::string::npos) throw ScriptError("usage: fail OBJECT.OPERATION");
   const std::string object = target.substr(0, dot);
   const std::string operation = target.substr(dot + 1);
-  if (object == "lookup" || object == "config" || object == "products") {
+  if (object == "lookup" || object == "config") {
     throw ScriptError("the " + object + " component is not available in this version");
   }
   if (!KnownOperation(object, operation)) throw ScriptError("unknown operation " + target);

@@ -189,4 +189,27 @@ void Session::CompetitorsDialog(const Words& w) {
   world_.platform.QueueDialog(pelkedit::FrmCompetitors::kName, std::move(steps));
 }
 
+void Session::Products(const Words& w) {
+  constexpr const char* kUsage = "products \"TEXT\" CHANGED TOTAL";
+  RequireWords(w, 4, 4, kUsage);
+  if (!w[1].Quoted()) throw ScriptError(std::string("usage: ") + kUsage);
+  const pelkedit::Variant changed = ParseValue(w[2].raw);
+  if (changed.Type() != pelkedit::VariantType::kBoolean) {
+    throw ScriptError("bad value " + w[2].raw + ": True or False was expected");
+  }
+  // The total as written, to the fourth decimal; an exponent form goes through a double.
+  pelkedit::Currency total;
+  AsScriptError("products total", [&] {
+    try {
+      total = pelkedit::Currency::Parse(w[3].raw);
+    } catch (const pelkedit::PelkError& error) {
+      if (error.Number() != pelkedit::errnum::kTypeMismatch) throw;
+      total = pelkedit::Currency::FromNumber(ParseDouble(w[3].raw));
+    }
+  });
+  Component();
+  if (!world_.productView) throw ScriptError("the component has no product view");
+  world_.productView->UserEdited(DecodeString(w[1].raw), changed.AsBool(), total);
+}
+
 }  // namespace pelkscript

@@ -4,8 +4,10 @@
 #include <map>
 
 #include "script_error.h"
+#include "scripted_product_view.h"
 #include "values/error.h"
 #include "widgets/controls.h"
+#include "widgets/product_view_box.h"
 
 namespace pelkscript {
 namespace {
@@ -34,6 +36,11 @@ Variant Text(const Widget& w, const std::string& p) {
   if (const auto* box = As<pelkedit::TextBox>(w)) return box->Text();
   if (const auto* list = As<pelkedit::ListBox>(w)) return list->Text();
   if (const auto* rich = As<pelkedit::RichTextBox>(w)) return rich->Text();
+  if (const auto* view = As<pelkedit::ProductViewBox>(w)) {
+    // What the view holds, read without recording or failing the way the editor's reads do.
+    const auto scripted = std::dynamic_pointer_cast<ScriptedProductView>(view->Shared());
+    return scripted ? scripted->Text() : std::string();
+  }
   NoSuch(w, p);
 }
 

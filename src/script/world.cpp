@@ -72,6 +72,10 @@ void World::RegisterComponents(const std::string& traceLogPath) {
   const auto advisor = [this, rec] {
     return std::make_shared<RecordingAdvisor>(rec, pelkor::CreateScriptedEngine(results));
   };
+  factory.Register(pelkedit::kProductViewProgId, [this, rec] {
+    productView = std::make_shared<ScriptedProductView>(rec);
+    return productView;
+  });
   factory.Register(pelkedit::kAdvisorProgId, advisor);
   factory.Register(pelkedit::kAdvisorProgIdAtCreate, advisor);
 }

@@ -10,6 +10,7 @@
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"
 #include "scripted_platform.h"
+#include "scripted_product_view.h"
 #include "world_log.h"
 
 namespace pelkscript {
@@ -55,6 +56,8 @@ class World {
   std::shared_ptr<pelkor::IIboStore> Db() { return dbSource_(); }
   std::shared_ptr<pelkor::ScriptedResults> results = std::make_shared<pelkor::ScriptedResults>();
   std::unique_ptr<pelkedit::PelkIboEdit> component;
+  // The product view the component created last (none before a component is created).
+  std::shared_ptr<ScriptedProductView> productView;
 
  private:
   void RegisterComponents(const std::string& traceLogPath);

@@ -42,7 +42,6 @@ std::vector<Opportunity> ClosedOpportunities() {
                   "sarah@northwindbrewing.example"},
       .products = "1\tRotaFill 24-head bottling line\t186,000.00\r\n"
                   "1\tInstallation and commissioning\t14,500.00",
-      .totalValue = 200500.00,
       .note = "Signed 2026-03-18. Installation booked for the week of 2026-05-11.",
   });
 
@@ -79,7 +78,6 @@ std::vector<Opportunity> ClosedOpportunities() {
                   "2200 Pinecrest Avenue, Boise, ID 83706", "(208) 555-0175",
                   "amorrow@pinecrestsd.example"},
       .products = "4800\tLearnHub student seat (annual)\t24.00",
-      .totalValue = 115200.00,
       .note = "Lost on price. Ask Luis again before the 2027 renewal.",
   });
 
@@ -104,7 +102,6 @@ std::vector<Opportunity> ClosedOpportunities() {
       .contact = {"Martin", "Feld", "Summit Ridge Credit Union", "88 Aspen Way, Boulder, CO 80302",
                   "(303) 555-0128", "mfeld@summitridgecu.example"},
       .products = "2\tBranchQueue kiosk\t5,400.00",
-      .totalValue = 10800.00,
       .note = "Project cancelled after the merger with Front Range Federal was announced.",
   });
 
@@ -135,7 +132,6 @@ std::vector<Opportunity> ClosedOpportunities() {
                   "whuang@ferrousfab.example"},
       .products = "2\tCutMaster 85 plasma system\t8,950.00\r\n"
                   "10\tConsumables kit\t145.50",
-      .totalValue = 19355.00,
       .note = "Order confirmed by phone, PO 44871.",
   });
 
@@ -172,7 +168,6 @@ std::vector<Opportunity> ClosedOpportunities() {
       .contact = {"Eleanor", "Voss", "Old Mill Hardware", "4 Canal Street, Lockport, NY 14094",
                   "(716) 555-0154", "eleanor@oldmillhardware.example"},
       .products = "1\tWarehouse racking, 40 bays\t23,400.00",
-      .totalValue = 23400.00,
       .note = "Archived after the loss. Keystone's local stock decided it.",
   });
 

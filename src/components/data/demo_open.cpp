@@ -36,10 +36,17 @@ std::vector<Opportunity> OpenOpportunities() {
       .contact = {"Dana", "Whitfield", "Harbor Freight Logistics",
                   "1840 Wharf Road, Suite 300, Tacoma, WA 98421", "(253) 555-0147",
                   "dana.whitfield@harborfreightlogistics.example"},
-      .products = "120\tFleetTrack T200 telematics unit\t349.00\r\n"
-                  "120\tFleetTrack cloud licence (3 years)\t180.00\r\n"
-                  "1\tDispatch integration package\t9,500.00",
-      .totalValue = 72980.00,
+      .products =
+          R"j({"format":"pelkor-products","version":1,"lines":[)j"
+          R"j({"product":"FleetTrack T200 telematics unit","quantity":"120",)j"
+          R"j("unitPrice":"349","discountPercent":"0","deliveryDate":"2027-02-15",)j"
+          R"j("note":"Two batches of 60; vans are fitted at the Eastgate depot."},)j"
+          R"j({"product":"FleetTrack cloud licence (3 years)","quantity":"120",)j"
+          R"j("unitPrice":"180","discountPercent":"0","deliveryDate":"2027-02-15",)j"
+          R"j("note":""},)j"
+          R"j({"product":"Dispatch integration package","quantity":"1","unitPrice":"9500",)j"
+          R"j("discountPercent":"0","deliveryDate":"2027-03-01",)j"
+          R"j("note":"Needs their dispatch vendor's API keys before work starts."}]})j",
       .note = "Kick-off meeting 2026-02-09 with Dana and Marcus. They run 160 trucks out of "
               "Tacoma and Portland; the current GPS boxes reach end of support in December.\r\n"
               "\r\n"
@@ -75,7 +82,6 @@ std::vector<Opportunity> OpenOpportunities() {
                   "455 Riverside Parkway, Eugene, OR 97401", "(541) 555-0182",
                   "h.castellano@cascadevalleymed.example"},
       .products = "3\tClinicFlow scheduling server\t4,200.00",
-      .totalValue = 12600.00,
       .note = "Met Dr. Castellano at the regional health IT fair. Interested in online "
               "appointment booking for three clinics.",
   });
@@ -117,7 +123,6 @@ std::vector<Opportunity> OpenOpportunities() {
       .products = "14\tStoreLine POS terminal\t1,150.00\r\n"
                   "6\tHandheld stock scanner\t620.00\r\n"
                   "1\tMigration and training\t7,800.00",
-      .totalValue = 27620.00,
       .note = "Seven stores on the Chesapeake. Robert signs; Alicia runs IT alone.\r\n"
               "Leasing offer sent 2026-05-02.",
   });
@@ -146,7 +151,6 @@ std::vector<Opportunity> OpenOpportunities() {
                   "g.adeyemi@meridianaero.example"},
       .products = "1\tQualityTrace enterprise licence\t64,000.00\r\n"
                   "1\tAS9100 audit module\t18,500.00",
-      .totalValue = 82500.00,
       .note = "Procurement-led request for information. Engineering has not been involved "
               "yet; ask Gregory who owns the audit process.",
   });

@@ -78,8 +78,8 @@ struct Opportunity {
   std::vector<TrialClose> history{};
   TrialClose current{};
   Contact contact{};
+  // The product view's text form (or the older tab-separated one); the total is its own.
   const char* products = "";
-  double totalValue = 0.0;
   const char* note = "";
 };
 

@@ -6,6 +6,7 @@
 
 #include "data/data_error.h"
 #include "data/demo_opportunities.h"
+#include "products/product_text.h"
 #include "record/ibo_properties.h"
 #include "values/date.h"
 
@@ -19,7 +20,6 @@ using pelkedit::IRecord;
 // Day 1460: the record's way of saying "no date".
 constexpr std::int32_t kNoDateDay = 1460;
 constexpr std::int32_t kTrialCloseSlots = 10;
-constexpr std::int64_t kHundredthsPerUnit = 100;
 
 pelkedit::Date DateOf(const char* text) {
   if (text[0] == '\0') {
@@ -91,10 +91,12 @@ void SetInfo(IRecord& record, const Opportunity& o) {
   record.Set("ContactAddress", o.contact.address);
   record.Set("ContactPhone", o.contact.phone);
   record.Set("ContactEmail", o.contact.email);
-  record.Set("Products", o.products);
-  const std::int64_t hundredths = std::llround(o.totalValue * kHundredthsPerUnit);
-  record.Set("TotalValueUnits", static_cast<double>(hundredths / kHundredthsPerUnit));
-  record.Set("TotalValueHundredths", static_cast<double>(hundredths % kHundredthsPerUnit));
+  // Stored in the product view's current form, with the total it works out.
+  const ProductList products = ReadProductText(o.products);
+  record.Set("Products", WriteProductText(products));
+  const pelkedit::Currency total = products.Total();
+  record.Set("TotalValueUnits", static_cast<double>(total.WholeUnits()));
+  record.Set("TotalValueHundredths", static_cast<double>(total.Hundredths()));
   record.Set("IboNote", o.note);
 }
 

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
 #include "trace/mod_init.h"
@@ -64,6 +65,7 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
   });
   RegisterRecordComponents(factory_);
   RegisterScriptedAdvisor(factory_, results_);
+  factory_.Register(pelkedit::kProductViewProgId, [] { return CreateProductListView(); });
 }
 
 std::string DefaultDatabasePath() {

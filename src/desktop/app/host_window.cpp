@@ -75,6 +75,10 @@ BinderOptions FormOptions(QtPlatform& platform) {
   options.stretch["dteDateStamp"] = kFollowRight;
   options.stretch["cmdDateStamp"] = kFollowRight;
   options.stretch["txtTrialCloseHistory"] = kGrowWidth | kGrowHeight;
+  // IBO Info: the contact keeps its rows, the product list takes the room.
+  options.stretch["fraContactInfo"] = kGrowWidth;
+  options.stretch["fraProductInfo"] = kGrowWidth | kGrowHeight;
+  options.stretch[pelkedit::widget::ProductView1] = kGrowWidth | kGrowHeight;
   return options;
 }
 

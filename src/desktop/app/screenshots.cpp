@@ -109,10 +109,11 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
   window.resize(designed * kGrownScale);
   QApplication::processEvents();
   written << Save(window, folder, iboId, "window-grown");
+  // The pages whose fields take the extra room.
   for (const TabShot& tab : tabs) {
-    if (tab.name != "sales-advisor") continue;
+    if (tab.name != "sales-advisor" && tab.name != "ibo-info") continue;
     PressTab(component, tab);
-    written << Save(window, folder, iboId, "sales-advisor-grown");
+    written << Save(window, folder, iboId, tab.name + "-grown");
     Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   }
   window.resize(designed);

@@ -4,19 +4,23 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
 #include <QTextEdit>
 #include <algorithm>
 
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
 #include "pictures/pictures.h"
+#include "product_view/product_table.h"
 #include "values/error.h"
+#include "widgets/product_view_box.h"
 
 namespace pelkor::desktop {
 
@@ -72,7 +76,12 @@ std::pair<QWidget*, QWidget*> MakeWidget(const pelkedit::Widget& model, QWidget*
       widget = new QPushButton(form);
       break;
     case WidgetKind::kFrame:
-      widget = new QFrame(form);
+      // A frame with a caption groups its fields under that title.
+      if (model.Caption().empty()) {
+        widget = new QFrame(form);
+      } else {
+        widget = new QGroupBox(form);
+      }
       break;
     case WidgetKind::kDateEdit: {
       auto* box = new DateEditBox(name, form);
@@ -93,6 +102,19 @@ std::pair<QWidget*, QWidget*> MakeWidget(const pelkedit::Widget& model, QWidget*
       text->setReadOnly(true);
       widget = text;
       break;
+    }
+    case WidgetKind::kProductView: {
+      const auto view = std::dynamic_pointer_cast<ProductListView>(
+          static_cast<const pelkedit::ProductViewBox&>(model).Shared());
+      if (!view) {
+        widget = new QLabel(QObject::tr("The product list is not available."), form);
+        break;
+      }
+      auto* table = new ProductTable(view, form);
+      // The table is what the user works with; both answer to the model's name.
+      table->setObjectName(name);
+      table->Table()->setObjectName(name);
+      return {table, table->Table()};
     }
   }
   widget->setObjectName(name);

@@ -1,5 +1,6 @@
 // Model -> widget: copies a model's state into its Qt widget.
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -154,7 +155,9 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
       }
       break;
     case WidgetKind::kFrame:
-      if (property == "caption") binding.inner->setAccessibleName(caption);
+      if (property != "caption") break;
+      binding.inner->setAccessibleName(caption);
+      if (auto* group = qobject_cast<QGroupBox*>(binding.inner.data())) group->setTitle(caption);
       break;
     case WidgetKind::kOption: {
       auto* option = static_cast<QRadioButton*>(binding.inner.data());
@@ -203,6 +206,8 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
         auto* edit = static_cast<QTextEdit*>(binding.inner.data());
         RenderRichText(static_cast<pelkedit::RichTextBox&>(model), *edit->document());
       }
+      break;
+    case WidgetKind::kProductView:
       break;
   }
 }

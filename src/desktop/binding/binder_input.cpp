@@ -85,6 +85,7 @@ void Binder::ConnectInput(Binding& binding) {
       ConnectDates(binding);
       break;
     case WidgetKind::kRichText:
+    case WidgetKind::kProductView:
       break;
   }
 }

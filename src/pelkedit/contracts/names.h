@@ -57,6 +57,7 @@
   X(IboNote)                      \
   X(IboNumber)                    \
   X(ModifiedDate)                 \
+  X(Products)                     \
   X(SEnvBudgetMatch)              \
   X(SEnvCompPressure)             \
   X(SEnvCustomerNeed)             \
@@ -66,6 +67,8 @@
   X(SEnvSolMatch)                 \
   X(StartDate)                    \
   X(Status)                       \
+  X(TotalValueHundredths)         \
+  X(TotalValueUnits)              \
   X(TrialCloseCurrent)            \
   X(TrialCloseDate)               \
   X(TrialCloseFact)               \
@@ -141,6 +144,7 @@
   X(picSalesCycle)             \
   X(picSEnvTab)                \
   X(picUserPriority)           \
+  X(ProductView1)              \
   X(rtfAdvisorMsg)             \
   X(txtSalesCycle)
 

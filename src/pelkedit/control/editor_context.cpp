@@ -8,13 +8,10 @@
 namespace pelkedit {
 namespace {
 
-constexpr std::int32_t kObjectVariableNotSet = 91;
-
 template <typename T>
 T& Require(const std::shared_ptr<T>& object, const char* what) {
   if (!object) {
-    Raise(kObjectVariableNotSet, EditorContext::Proc(what),
-          "Object variable or With block variable not set");
+    Raise(errnum::kObjectVariableNotSet, EditorContext::Proc(what));
   }
   return *object;
 }

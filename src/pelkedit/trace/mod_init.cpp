@@ -8,8 +8,6 @@
 namespace pelkedit {
 namespace {
 
-constexpr std::int32_t kObjectVariableNotSet = 91;
-
 std::shared_ptr<ITrace>& ThreadTraceSlot() {
   thread_local std::shared_ptr<ITrace> trace;
   return trace;
@@ -37,7 +35,7 @@ bool LibraryStarted() {
 ITrace& ThreadTrace() {
   auto& trace = ThreadTraceSlot();
   if (!trace) {
-    Raise(kObjectVariableNotSet, "PelkEdit", "Object variable or With block variable not set");
+    Raise(errnum::kObjectVariableNotSet, "PelkEdit");
   }
   return *trace;
 }

@@ -12,10 +12,14 @@ std::string StandardDescription(std::int32_t number) {
   switch (number) {
     case errnum::kInvalidProcedureCall:
       return "Invalid procedure call or argument";
+    case errnum::kOverflow:
+      return "Overflow";
     case errnum::kSubscriptOutOfRange:
       return "Subscript out of range";
     case errnum::kTypeMismatch:
       return "Type mismatch";
+    case errnum::kObjectVariableNotSet:
+      return "Object variable or With block variable not set";
     case errnum::kInvalidPropertyValue:
       return "Invalid property value";
     case errnum::kCannotCreateObject:

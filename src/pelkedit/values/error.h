@@ -9,8 +9,10 @@ namespace pelkedit {
 // Error numbers shared with the classic runtime the product was written against.
 namespace errnum {
 inline constexpr std::int32_t kInvalidProcedureCall = 5;
+inline constexpr std::int32_t kOverflow = 6;
 inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kTypeMismatch = 13;
+inline constexpr std::int32_t kObjectVariableNotSet = 91;
 inline constexpr std::int32_t kInvalidPropertyValue = 380;
 inline constexpr std::int32_t kCannotCreateObject = 429;
 inline constexpr std::int32_t kNotSupported = 438;

@@ -28,6 +28,8 @@ const char* WidgetKindName(WidgetKind kind) {
       return "DateField";
     case WidgetKind::kRichText:
       return "RichText";
+    case WidgetKind::kProductView:
+      return "ProductView";
   }
   return "?";
 }

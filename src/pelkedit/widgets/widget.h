@@ -19,6 +19,7 @@ enum class WidgetKind {
   kCalendar,
   kDateField,
   kRichText,
+  kProductView,
 };
 
 const char* WidgetKindName(WidgetKind kind);

@@ -5,6 +5,7 @@
 #include "control/page_layout.h"
 #include "control/record_saving.h"
 #include "trace/error_paths.h"
+#include "widgets/product_view_box.h"
 
 namespace pelkedit {
 namespace {
@@ -26,8 +27,9 @@ const ContactField kCompany{"lblConCompany", "txtConCompany", "Company", prop::C
 const ContactField kAddress{"lblConAddress", "txtConAddress", "Address", prop::ContactAddress, 255};
 const ContactField kPhone{"lblConPhone", "txtConPhone", "Phone", prop::ContactPhone, 63};
 const ContactField kEmail{"lblConEmail", "txtConEmail", "E-mail", prop::ContactEmail, 127};
+// Reading order on the page: two columns, left to right.
 const ContactField* const kShown[] = {&kFirstName, &kLastName, &kCompany,
-                                      &kAddress,   &kPhone,    &kEmail};
+                                      &kPhone,     &kAddress,  &kEmail};
 // The orders the procedures take them in.
 const ContactField* const kLimitOrder[] = {&kFirstName, &kLastName, &kCompany,
                                            &kAddress,   &kEmail,    &kPhone};
@@ -37,21 +39,62 @@ const ContactField* const kFillOrder[] = {&kFirstName, &kLastName, &kAddress,
 const ContactField* const kSaveOrder[] = {&kAddress,   &kCompany,  &kEmail,
                                           &kFirstName, &kLastName, &kPhone};
 
-constexpr float kMargin = 12;
-constexpr float kCaptionWidth = 90;
-constexpr float kBoxLeft = 108;
-constexpr float kBoxWidth = 300;
-constexpr float kRowGap = 8;
+constexpr const char* kContactFrame = "fraContactInfo";
+constexpr const char* kProductFrame = "fraProductInfo";
+constexpr const char* kProductTooltip =
+    "Right click last two columns to specify the information to be displayed in the view.";
+
+// Layout in pixels: the contact in two columns of three rows, the product list below it.
+constexpr float kMargin = 10;
+constexpr float kGroupWidth = 580;
+constexpr float kGroupTitle = 20;
+constexpr float kContactTop = 6;
+constexpr float kContactHeight = 116;
+constexpr int kContactColumns = 2;
+constexpr float kColumnLeft[kContactColumns] = {10, 296};
+constexpr float kCaptionWidth = 70;
+constexpr float kBoxOffset = 72;
+constexpr float kBoxWidth = 200;
+constexpr float kRowPitch = 30;
+constexpr float kProductTop = 128;
+constexpr float kProductHeight = 202;
+constexpr float kViewInset = 8;
 
 }  // namespace
 
 void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
-  float top = kMargin;
+  auto& contact =
+      page.Place<Frame>(kContactFrame, kMargin, kContactTop, kGroupWidth, kContactHeight);
+  contact.SetCaption("Contact Information");
+  PageLayout contactLayout(widgets, contact);
+  int slot = 0;
   for (const ContactField* field : kShown) {
-    page.FieldCaption(field->label, kMargin, top, kCaptionWidth, field->caption);
-    page.Place<TextBox>(field->box, kBoxLeft, top, kBoxWidth, layout::kFieldHeight);
-    top += layout::kFieldHeight + kRowGap;
+    const float left = kColumnLeft[slot % kContactColumns];
+    const float top = kGroupTitle + static_cast<float>(slot / kContactColumns) * kRowPitch;
+    contactLayout.FieldCaption(field->label, left, top, kCaptionWidth, field->caption);
+    contactLayout.Place<TextBox>(field->box, left + kBoxOffset, top, kBoxWidth,
+                                 layout::kFieldHeight);
+    ++slot;
+  }
+  auto& products =
+      page.Place<Frame>(kProductFrame, kMargin, kProductTop, kGroupWidth, kProductHeight);
+  products.SetCaption("Product Information");
+  auto& view = PageLayout(widgets, products)
+                   .Place<ProductViewBox>(widget::ProductView1, kViewInset, kGroupTitle,
+                                          kGroupWidth - 2 * kViewInset,
+                                          kProductHeight - kGroupTitle - kViewInset);
+  view.SetTooltip(kProductTooltip);
+  // The view is another component of the product; a creation that fails is kept and raised
+  // by the first call the editor makes of it, on the error path of that call.
+  try {
+    view.Attach(
+        std::dynamic_pointer_cast<IProductView>(ctx_.platform.CreateObject(kProductViewProgId)));
+    if (!view.Shared())
+      view.CreationFailed(errnum::kTypeMismatch, kProductViewProgId,
+                          StandardDescription(errnum::kTypeMismatch));
+  } catch (const PelkError& error) {
+    view.CreationFailed(error.Number(), error.Source(), error.Description());
   }
 }
 
@@ -72,7 +115,47 @@ void InfoTab::InitIBOInfo() {
       ctx_.Get<TextBox>(field->box).SetMaxLength(field->maxLength);
     }
     InitContactInfo();
+    InitProducts();
   });
+}
+
+void InfoTab::InitProducts() {
+  RunMethod(EditorContext::Proc("InitProducts"),
+            [&] { View().SetProducts(ctx_.Rec().Get(prop::Products).AsString()); });
+}
+
+void InfoTab::IBOInfoSaveProduct() {
+  RunMethod(EditorContext::Proc("IBOInfoSaveProduct"), [&] {
+    if (ctx_.state.loading) return;
+    IProductView& view = View();
+    if (!view.ProductsChanged()) return;
+    ctx_.Rec().Set(prop::Products, view.ProductText());
+    ctx_.MarkIboAsDirty();
+  });
+}
+
+void InfoTab::IBOInfoSaveProductValue() {
+  RunMethod(EditorContext::Proc("IBOInfoSaveProductValue"), [&] {
+    if (ctx_.state.loading) return;
+    const Currency total = View().TotalValue();
+    const auto units = static_cast<double>(total.WholeUnits());
+    const auto hundredths = static_cast<double>(total.Hundredths());
+    IRecord& rec = ctx_.Rec();
+    bool written = false;
+    if (rec.Get(prop::TotalValueUnits).AsDouble() != units) {
+      rec.Set(prop::TotalValueUnits, units);
+      written = true;
+    }
+    if (rec.Get(prop::TotalValueHundredths).AsDouble() != hundredths) {
+      rec.Set(prop::TotalValueHundredths, hundredths);
+      written = true;
+    }
+    if (written) ctx_.MarkIboAsDirty();
+  });
+}
+
+IProductView& InfoTab::View() const {
+  return ctx_.Get<ProductViewBox>(widget::ProductView1).View();
 }
 
 void InfoTab::InitContactInfo() {
@@ -99,6 +182,8 @@ void InfoTab::IBOInfoSaveContactField(TextBox& box, const std::string& property)
 void InfoTab::SaveIBOInfoTab() {
   RunMethod(EditorContext::Proc("SaveIBOInfoTab"), [&] {
     if (ctx_.state.loading) return;
+    IBOInfoSaveProduct();
+    IBOInfoSaveProductValue();
     for (const ContactField* field : kSaveOrder) {
       IBOInfoSaveContactField(ctx_.Get<TextBox>(field->box), field->property);
     }

@@ -7,9 +7,10 @@
 namespace pelkedit {
 
 class EditorContext;
+class IProductView;
 class TextBox;
 
-// The IBO Info page: the customer's contact.
+// The IBO Info page: the customer's contact and the products offered, with their total.
 class InfoTab : public TabPage {
  public:
   explicit InfoTab(EditorContext& ctx) : ctx_(ctx) {}
@@ -23,10 +24,14 @@ class InfoTab : public TabPage {
   // Sets the typing limits of the contact fields and fills them (the host may call it too).
   void InitIBOInfo();
   void InitContactInfo();
+  void InitProducts();
+  void IBOInfoSaveProduct();
+  void IBOInfoSaveProductValue();
   void IBOInfoSaveContactField(TextBox& box, const std::string& property);
   void SaveIBOInfoTab();
 
  private:
+  IProductView& View() const;
   EditorContext& ctx_;
 };
 

@@ -1,0 +1,303 @@
+#include "product_view/product_table.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "products/product_text.h"
+#include "values/error.h"
+
+namespace pelkor::desktop {
+namespace {
+
+using Column = ProductListView::Column;
+
+constexpr std::array<Column, ProductTableModel::kFixedColumns> kFixed = {
+    Column::kProduct, Column::kQuantity, Column::kUnitPrice, Column::kValue};
+constexpr std::array<Column, 3> kChoices = {Column::kDelivery, Column::kNote, Column::kDiscount};
+constexpr int kMoneyDecimals = 2;
+constexpr int kProductWidth = 170;
+constexpr int kNumberWidth = 42;
+constexpr int kMoneyWidth = 78;
+constexpr int kDateWidth = 80;
+
+bool Numeric(Column column) {
+  return column == Column::kQuantity || column == Column::kUnitPrice || column == Column::kValue ||
+         column == Column::kDiscount;
+}
+
+}  // namespace
+
+ProductTableModel::ProductTableModel(std::shared_ptr<ProductListView> view, QObject* parent)
+    : QAbstractTableModel(parent), view_(std::move(view)) {
+  view_->onChanged = [this] {
+    if (!editing_) Reset();
+    emit totalChanged();
+  };
+}
+
+ProductTableModel::~ProductTableModel() {
+  view_->onChanged = nullptr;
+}
+
+int ProductTableModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(view_->List().lines.size());
+}
+
+int ProductTableModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : kFixedColumns + kChosenColumns;
+}
+
+ProductTableModel::Column ProductTableModel::ColumnAt(int section) const {
+  if (Chosen(section)) return chosen_.at(static_cast<std::size_t>(section - kFixedColumns));
+  return kFixed.at(static_cast<std::size_t>(section));
+}
+
+QString ProductTableModel::ColumnTitle(Column column) {
+  switch (column) {
+    case Column::kProduct:
+      return tr("Product");
+    case Column::kQuantity:
+      return tr("Qty");
+    case Column::kUnitPrice:
+      return tr("Unit price");
+    case Column::kDiscount:
+      return tr("Discount %");
+    case Column::kValue:
+      return tr("Value");
+    case Column::kDelivery:
+      return tr("Delivery");
+    case Column::kNote:
+      return tr("Note");
+  }
+  return {};
+}
+
+QVariant ProductTableModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const Column column = ColumnAt(index.column());
+  const auto row = static_cast<std::size_t>(index.row());
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+      return QString::fromStdString(view_->CellText(row, column));
+    case Qt::ToolTipRole:
+      if (column == Column::kNote || column == Column::kProduct) {
+        return QString::fromStdString(view_->CellText(row, column));
+      }
+      return {};
+    case Qt::TextAlignmentRole:
+      return QVariant::fromValue(Numeric(column) ? Qt::AlignRight | Qt::AlignVCenter
+                                                 : Qt::AlignLeft | Qt::AlignVCenter);
+    default:
+      return {};
+  }
+}
+
+QVariant ProductTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal)
+    return QAbstractTableModel::headerData(section, orientation, role);
+  if (role == Qt::DisplayRole) return ColumnTitle(ColumnAt(section));
+  if (role == Qt::ToolTipRole && Chosen(section)) {
+    return tr("Right click to choose what this column shows.");
+  }
+  return {};
+}
+
+Qt::ItemFlags ProductTableModel::flags(const QModelIndex& index) const {
+  Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+  if (index.isValid() && ColumnAt(index.column()) != Column::kValue &&
+      view_->Unreadable().empty()) {
+    flags |= Qt::ItemIsEditable;
+  }
+  return flags;
+}
+
+bool ProductTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!index.isValid() || role != Qt::EditRole) return false;
+  editing_ = true;
+  const std::string why = view_->Enter(static_cast<std::size_t>(index.row()),
+                                       ColumnAt(index.column()), value.toString().toStdString());
+  editing_ = false;
+  if (!why.empty()) {
+    emit entryRefused(QString::fromStdString(why));
+    return false;
+  }
+  emit dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+  emit entryRefused(QString());
+  return true;
+}
+
+void ProductTableModel::Choose(int section, Column column) {
+  if (!Chosen(section)) return;
+  const auto slot = static_cast<std::size_t>(section - kFixedColumns);
+  // The other chosen column gives up what this one takes, so nothing shows twice.
+  const std::size_t other = 1 - slot;
+  if (chosen_[other] == column) chosen_[other] = chosen_[slot];
+  chosen_[slot] = column;
+  emit headerDataChanged(Qt::Horizontal, kFixedColumns, columnCount() - 1);
+  emit dataChanged(index(0, kFixedColumns), index(rowCount() - 1, columnCount() - 1));
+}
+
+int ProductTableModel::AddLine() {
+  const int row = rowCount();
+  beginInsertRows({}, row, row);
+  editing_ = true;
+  const auto added = view_->AddLine();
+  editing_ = false;
+  endInsertRows();
+  return added ? static_cast<int>(*added) : -1;
+}
+
+void ProductTableModel::RemoveLine(int row) {
+  if (row < 0 || row >= rowCount()) return;
+  beginRemoveRows({}, row, row);
+  editing_ = true;
+  view_->RemoveLine(static_cast<std::size_t>(row));
+  editing_ = false;
+  endRemoveRows();
+}
+
+void ProductTableModel::Reset() {
+  beginResetModel();
+  endResetModel();
+}
+
+ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* parent)
+    : QWidget(parent),
+      model_(new ProductTableModel(std::move(view), this)),
+      table_(new QTableView(this)),
+      add_(new QPushButton(tr("Add line"), this)),
+      remove_(new QPushButton(tr("Remove line"), this)),
+      total_(new QLabel(this)),
+      status_(new QLabel(this)) {
+  table_->setModel(model_);
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                          QAbstractItemView::AnyKeyPressed);
+  table_->setTabKeyNavigation(false);
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
+  QHeaderView* header = table_->horizontalHeader();
+  header->setStretchLastSection(true);
+  header->resizeSection(0, kProductWidth);
+  header->resizeSection(1, kNumberWidth);
+  header->resizeSection(2, kMoneyWidth);
+  header->resizeSection(3, kMoneyWidth);
+  header->resizeSection(4, kDateWidth);
+  header->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(header, &QHeaderView::customContextMenuRequested, this,
+          [this, header](const QPoint& pos) {
+            ShowColumnMenu(header->logicalIndexAt(pos), header->mapToGlobal(pos));
+          });
+  table_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(table_, &QTableView::customContextMenuRequested, this, [this](const QPoint& pos) {
+    ShowColumnMenu(table_->columnAt(pos.x()), table_->viewport()->mapToGlobal(pos));
+  });
+  table_->installEventFilter(this);
+
+  add_->setToolTip(tr("Add a product line (Insert)"));
+  remove_->setToolTip(tr("Remove the selected line (Delete)"));
+  add_->setFocusPolicy(Qt::TabFocus);
+  remove_->setFocusPolicy(Qt::TabFocus);
+  connect(add_, &QPushButton::clicked, this, &ProductTable::AddLine);
+  connect(remove_, &QPushButton::clicked, this, &ProductTable::RemoveCurrentLine);
+  QFont bold = total_->font();
+  bold.setBold(true);
+  total_->setFont(bold);
+  QPalette warning = status_->palette();
+  warning.setColor(QPalette::WindowText, Qt::darkRed);
+  status_->setPalette(warning);
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addWidget(add_);
+  buttons->addWidget(remove_);
+  buttons->addWidget(status_, 1);
+  buttons->addWidget(total_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(table_, 1);
+  layout->addLayout(buttons);
+  setFocusProxy(table_);
+
+  connect(model_, &ProductTableModel::entryRefused, status_, &QLabel::setText);
+  connect(model_, &ProductTableModel::totalChanged, this, &ProductTable::Refresh);
+  connect(model_, &QAbstractItemModel::modelReset, this, &ProductTable::Refresh);
+  Refresh();
+}
+
+void ProductTable::ShowColumnMenu(int section, const QPoint& globalPos) {
+  if (!ProductTableModel::Chosen(section)) return;
+  QMenu menu(this);
+  menu.addSection(tr("Show in this column"));
+  const Column current = model_->ColumnAt(section);
+  for (const Column choice : kChoices) {
+    QAction* action = menu.addAction(ProductTableModel::ColumnTitle(choice));
+    action->setCheckable(true);
+    action->setChecked(choice == current);
+    connect(action, &QAction::triggered, this,
+            [this, section, choice] { model_->Choose(section, choice); });
+  }
+  menu.exec(globalPos);
+}
+
+bool ProductTable::eventFilter(QObject* watched, QEvent* event) {
+  // While a cell is being edited its editor has the keys; these reach the table only between
+  // edits.
+  if (watched != table_ || event->type() != QEvent::KeyPress) {
+    return QWidget::eventFilter(watched, event);
+  }
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Insert) {
+    AddLine();
+    return true;
+  }
+  if (key == Qt::Key_Delete) {
+    RemoveCurrentLine();
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+void ProductTable::Refresh() {
+  ProductListView& view = model_->View();
+  const bool readable = view.Unreadable().empty();
+  add_->setEnabled(readable);
+  remove_->setEnabled(readable && model_->rowCount() > 0);
+  if (!readable) {
+    status_->setText(tr("This product list cannot be read and is kept as stored: %1")
+                         .arg(QString::fromStdString(view.Unreadable())));
+    total_->clear();
+    return;
+  }
+  try {
+    total_->setText(
+        tr("Total %1")
+            .arg(QString::fromStdString(FormatAmount(view.TotalValue(), kMoneyDecimals))));
+  } catch (const pelkedit::PelkError&) {
+    total_->setText(tr("Total too large"));
+  }
+}
+
+void ProductTable::AddLine() {
+  const int row = model_->AddLine();
+  if (row < 0) return;
+  const QModelIndex first = model_->index(row, 0);
+  table_->setCurrentIndex(first);
+  table_->setFocus(Qt::OtherFocusReason);
+  table_->edit(first);
+}
+
+void ProductTable::RemoveCurrentLine() {
+  const QModelIndex current = table_->currentIndex();
+  if (!current.isValid()) return;
+  model_->RemoveLine(current.row());
+}
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,132 @@
+// The product list on the IBO Info tab through real widgets: an edit typed into the table
+// reaches the record and the database with the total it makes; Insert adds a line; the last two
+// columns show what the user picks; a list that cannot be read is shown as such and kept.
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QtTest>
+
+#include "binding/picture_view.h"
+#include "host_fixture.h"
+#include "product_view/product_table.h"
+#include "products/product_text.h"
+
+using namespace host_fixture;
+using pelkor::desktop::ProductTable;
+using pelkor::desktop::ProductTableModel;
+using Column = pelkor::ProductListView::Column;
+
+namespace {
+
+constexpr int kIboInfoX = 305;
+constexpr int kEssentialsX = 40;
+constexpr int kQuantityColumn = 1;
+
+void PressMainTab(Host& host, int x) {
+  QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                    QPoint(x, 10));
+}
+
+void TypeIntoCell(QTableView* table, int row, int column, const QString& text) {
+  table->setFocus();
+  table->setCurrentIndex(table->model()->index(row, column));
+  QTest::keyClick(table, Qt::Key_F2);
+  QWidget* editor = QApplication::focusWidget();
+  QVERIFY(editor != nullptr && editor != table);
+  QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClicks(editor, text);
+  QTest::keyClick(editor, Qt::Key_Return);
+  // The table commits an entry once the key has been handled.
+  QTRY_VERIFY(QApplication::focusWidget() == table);
+}
+
+}  // namespace
+
+class ProductTableTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void anEditReachesTheDatabaseWithItsTotal() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kIboInfoX);
+    auto* table = host.Qt<QTableView>("ProductView1");
+    QVERIFY(table != nullptr && table->isVisible());
+    QCOMPARE(table->model()->rowCount(), 3);
+    auto* owner = qobject_cast<ProductTable*>(table->parentWidget());
+    QVERIFY(owner != nullptr);
+    QVERIFY(table->toolTip().startsWith("Right click last two columns"));
+
+    // 100 telematics units instead of 120: 20 x 349 less.
+    TypeIntoCell(table, 0, kQuantityColumn, "100");
+    QCOMPARE(table->model()->index(0, 3).data().toString(), QString("34,900.00"));
+    bool totalShown = false;
+    for (const QLabel* label : owner->findChildren<QLabel*>()) {
+      totalShown = totalShown || label->text() == "Total 66,000.00";
+    }
+    QVERIFY(totalShown);
+    PressMainTab(host, kEssentialsX);
+    QCOMPARE(host.Rec().Get("TotalValueUnits").AsDouble(), 66000.0);
+    QVERIFY(host.window->Component()->IboChanged());
+    QTest::mouseClick(host.Qt<QPushButton>("cmdSave"), Qt::LeftButton);
+
+    const auto stored = host.Stored(kExpertIbo);
+    QCOMPARE(stored->Get("TotalValueUnits").AsDouble(), 66000.0);
+    QCOMPARE(stored->Get("TotalValueHundredths").AsDouble(), 0.0);
+    const pelkor::ProductList list = pelkor::ReadProductText(stored->Get("Products").AsString());
+    QCOMPARE(list.lines.at(0).quantity.ToString(), std::string("100"));
+    QCOMPARE(list.lines.at(0).note,
+             std::string("Two batches of 60; vans are fitted at the Eastgate depot."));
+  }
+
+  void insertAddsALineAndTheLastColumnsShowWhatIsChosen() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kIboInfoX);
+    auto* table = host.Qt<QTableView>("ProductView1");
+    auto* model = qobject_cast<ProductTableModel*>(table->model());
+    const int before = model->rowCount();
+    table->setFocus();
+    QTest::keyClick(table, Qt::Key_Insert);
+    QCOMPARE(model->rowCount(), before + 1);
+    QWidget* editor = QApplication::focusWidget();
+    QTest::keyClicks(editor, "Extended warranty");
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTRY_COMPARE(model->View().List().lines.back().product, std::string("Extended warranty"));
+
+    QCOMPARE(model->headerData(4, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Delivery"));
+    model->Choose(4, Column::kNote);
+    QCOMPARE(model->headerData(4, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Note"));
+    // The other chosen column gives the note up rather than show it twice.
+    QCOMPARE(model->headerData(5, Qt::Horizontal, Qt::DisplayRole).toString(), QString("Delivery"));
+    model->Choose(5, Column::kDiscount);
+    TypeIntoCell(table, before, 5, "25");
+    QCOMPARE(model->View().List().lines.back().discountPercent.ToString(), std::string("25"));
+
+    // Delete removes the current line again.
+    table->setFocus();
+    table->setCurrentIndex(model->index(before, 0));
+    QTest::keyClick(table, Qt::Key_Delete);
+    QCOMPARE(model->rowCount(), before);
+  }
+
+  void aRefusedEntryIsExplainedAndChangesNothing() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kIboInfoX);
+    auto* table = host.Qt<QTableView>("ProductView1");
+    auto* owner = qobject_cast<ProductTable*>(table->parentWidget());
+    TypeIntoCell(table, 0, kQuantityColumn, "a dozen");
+    QCOMPARE(table->model()->index(0, kQuantityColumn).data().toString(), QString("120"));
+    bool explained = false;
+    for (const QLabel* label : owner->findChildren<QLabel*>()) {
+      explained = explained || label->text().contains("is not a number");
+    }
+    QVERIFY(explained);
+    QVERIFY(!host.window->Component()->IboChanged());
+  }
+};
+
+QTEST_MAIN(ProductTableTest)
+#include "product_table_test.moc"
