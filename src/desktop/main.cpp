@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 
+#include "app/app_style.h"
 #include "app/editor_environment.h"
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
@@ -154,6 +155,8 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("pelkor");
   QApplication::setApplicationDisplayName("Pelkor");
+  // The style takes its base (the platform's choice) when it is set.
+  QApplication::setStyle(new pelkor::desktop::AppStyle);
   try {
     return Run(options);
   } catch (const std::exception& error) {

@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <iostream>
 #include <system_error>
 
 #include "trace/err_object.h"
@@ -30,6 +29,13 @@ std::string Timestamp(const pelkedit::Date& when) {
   return buffer;
 }
 
+// The nesting depth, right-aligned in three places.
+std::string LevelOf(int depth) {
+  char buffer[16];
+  std::snprintf(buffer, sizeof buffer, "%3d ", depth);
+  return buffer;
+}
+
 }  // namespace
 
 TraceLog::TraceLog(pelkedit::IPlatform& platform, std::string logPath, std::uintmax_t rotateAtBytes)
@@ -48,44 +54,44 @@ void TraceLog::OpenLog() {
   std::error_code error;
   if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
   if (error) return GiveUpFile("cannot create its folder: " + error.message());
-  out_.open(path, std::ios::out | std::ios::app);
-  if (!out_.is_open()) GiveUpFile("cannot open it for appending");
+  out_.reset(std::fopen(path.c_str(), "a"));
+  if (!out_) GiveUpFile("cannot open it for appending");
 }
 
 // Tracing must never become the editor's failure: the file is dropped and the user of the log
 // is told once, on the standard error stream, why the log stops.
 void TraceLog::GiveUpFile(const std::string& reason) {
-  if (out_.is_open()) out_.close();
-  std::cerr << "Pelkor trace: log file \"" << logPath_ << "\" is not written (" << reason
-            << "); tracing goes on without it.\n";
+  out_.reset();
+  std::fprintf(stderr,
+               "Pelkor trace: log file \"%s\" is not written (%s); tracing goes on without it.\n",
+               logPath_.c_str(), reason.c_str());
 }
 
 void TraceLog::CheckStream() {
-  if (out_.is_open() && !out_) GiveUpFile("writing to it failed");
+  if (out_ && std::ferror(out_.get()) != 0) GiveUpFile("writing to it failed");
 }
 
 void TraceLog::WriteLine(int depth, const char* marker, const std::string& text) {
-  if (!out_.is_open()) return;
-  char level[16];
-  std::snprintf(level, sizeof level, "%3d ", depth);
-  out_ << Timestamp(platform_.Now()) << ' ' << level
-       << std::string(static_cast<std::size_t>(depth * kIndentPerLevel), ' ') << marker << ' '
-       << text << '\n';
+  if (!out_) return;
+  const std::string line = Timestamp(platform_.Now()) + ' ' + LevelOf(depth) +
+                           std::string(static_cast<std::size_t>(depth * kIndentPerLevel), ' ') +
+                           marker + ' ' + text + '\n';
+  std::fwrite(line.data(), 1, line.size(), out_.get());
   CheckStream();
 }
 
 void TraceLog::Flush() {
-  if (!out_.is_open()) return;
-  out_.flush();
+  if (!out_) return;
+  std::fflush(out_.get());
   CheckStream();
 }
 
 void TraceLog::RotateIfFull() {
-  if (!out_.is_open()) return;
+  if (!out_) return;
   std::error_code error;
   const std::uintmax_t size = std::filesystem::file_size(logPath_, error);
   if (error || size < rotateAtBytes_) return;
-  out_.close();
+  out_.reset();
   std::filesystem::rename(logPath_, logPath_ + ".1", error);
   if (error)
     return GiveUpFile("cannot keep the full log as " + logPath_ + ".1: " + error.message());

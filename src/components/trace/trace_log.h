@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
@@ -37,7 +37,7 @@ class TraceLog : public pelkedit::ITrace {
   // Procedures entered and not yet left or abandoned by an error.
   int Depth() const { return static_cast<int>(open_.size()); }
   // Whether lines still reach the file; false once opening or writing it failed.
-  bool Writing() const { return out_.is_open(); }
+  bool Writing() const { return out_ != nullptr; }
   const std::string& LogPath() const { return logPath_; }
   void Flush();
 
@@ -53,7 +53,11 @@ class TraceLog : public pelkedit::ITrace {
   pelkedit::IPlatform& platform_;
   std::string logPath_;
   std::uintmax_t rotateAtBytes_;
-  std::ofstream out_;
+  // C streams rather than iostreams: opening the editor should not set up the C++ locale.
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  std::unique_ptr<std::FILE, CloseFile> out_;
   // Names of the open procedures, outermost first.
   std::vector<std::string> open_;
   std::int32_t lastErrorNumber_ = 0;

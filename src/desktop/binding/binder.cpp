@@ -129,28 +129,26 @@ Binder::Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions 
       form_(form),
       options_(std::move(options)),
       self_(std::make_shared<Binder*>(this)) {
-  CreateWidgets();
-  PlaceInParents();
+  bindings_.reserve(registry_.All().size());
+  for (pelkedit::Widget* model : registry_.All()) {
+    index_[model] = bindings_.size();
+    bindings_.push_back({model, nullptr, nullptr});
+  }
+  unmade_ = bindings_.size();
+  ChooseKeys();
   std::weak_ptr<Binder*> weak = self_;
   for (Binding& binding : bindings_) {
-    ApplyAll(binding);
-    ConnectInput(binding);
     binding.model->AddObserver([weak](pelkedit::Widget& model, const std::string& property) {
       const auto self = weak.lock();
       if (!self) return;
       Binder& binder = **self;
       const auto it = binder.index_.find(&model);
-      if (it != binder.index_.end()) binder.Apply(binder.bindings_[it->second], property);
+      if (it == binder.index_.end()) return;
+      if (property == "visible" && model.Visible()) binder.MakeShownWidgets();
+      binder.Apply(binder.bindings_[it->second], property);
     });
   }
-  SetUpKeyboard();
-  // Stacking: a larger z-order is in front; equal ones keep the order of creation.
-  std::vector<Binding*> stacking;
-  for (Binding& binding : bindings_) stacking.push_back(&binding);
-  std::stable_sort(stacking.begin(), stacking.end(), [](const Binding* a, const Binding* b) {
-    return a->model->ZOrder() < b->model->ZOrder();
-  });
-  for (Binding* binding : stacking) binding->placed->raise();
+  MakeShownWidgets();
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
 }
@@ -159,23 +157,46 @@ Binder::~Binder() {
   self_.reset();
 }
 
-void Binder::CreateWidgets() {
-  bindings_.reserve(registry_.All().size());
-  for (pelkedit::Widget* model : registry_.All()) {
-    const auto [placed, inner] = MakeWidget(*model, form_);
-    index_[model] = bindings_.size();
-    bindings_.push_back({model, placed, inner});
+bool Binder::InHiddenFrame(const pelkedit::Widget& model) {
+  for (const pelkedit::Widget* parent = model.Parent(); parent != nullptr;
+       parent = parent->Parent()) {
+    if (!parent->Visible()) return true;
   }
+  return false;
 }
 
-void Binder::PlaceInParents() {
+// A page's widgets are made when its frame is first shown: a window opens with the widgets of
+// the page it shows, and the other pages cost nothing until the user goes to them.
+void Binder::MakeShownWidgets() {
+  if (unmade_ == 0) return;
+  std::vector<Binding*> made;
   for (Binding& binding : bindings_) {
-    const pelkedit::Widget* parent = binding.model->Parent();
-    if (parent == nullptr) continue;
-    const auto it = index_.find(parent);
-    if (it == index_.end()) continue;
-    binding.placed->setParent(bindings_[it->second].placed);
+    if (binding.placed || InHiddenFrame(*binding.model)) continue;
+    const auto [placed, inner] = MakeWidget(*binding.model, form_);
+    binding.placed = placed;
+    binding.inner = inner;
+    made.push_back(&binding);
   }
+  unmade_ = 0;
+  for (const Binding& binding : bindings_) unmade_ += binding.placed ? 0 : 1;
+  if (made.empty()) return;
+  for (Binding* binding : made) {
+    const pelkedit::Widget* parent = binding->model->Parent();
+    if (parent != nullptr) binding->placed->setParent(bindings_[index_.at(parent)].placed);
+  }
+  for (Binding* binding : made) {
+    ApplyAll(*binding);
+    ConnectInput(*binding);
+    ConnectKeys(*binding);
+  }
+  // Labels name widgets made after them.
+  for (Binding* binding : made) Apply(*binding, "caption");
+  // Stacking: a larger z-order is in front; equal ones keep the order of creation. Siblings are
+  // always made together, so each batch orders itself.
+  std::stable_sort(made.begin(), made.end(), [](const Binding* a, const Binding* b) {
+    return a->model->ZOrder() < b->model->ZOrder();
+  });
+  for (Binding* binding : made) binding->placed->raise();
 }
 
 QWidget* Binder::WidgetFor(const std::string& name) const {

@@ -73,8 +73,8 @@ class Binder : public QObject {
     QPointer<QWidget> inner;
   };
 
-  void CreateWidgets();
-  void PlaceInParents();
+  static bool InHiddenFrame(const pelkedit::Widget& model);
+  void MakeShownWidgets();
   void ConnectInput(Binding& binding);
   void ConnectButtonLike(Binding& binding);
   void ConnectText(Binding& binding);
@@ -91,7 +91,8 @@ class Binder : public QObject {
   void SyncFocus();
   bool MouseEvent(Binding& binding, QEvent* event);
   // The keyboard (binder_keys.cpp).
-  void SetUpKeyboard();
+  void ChooseKeys();
+  void ConnectKeys(Binding& binding);
   bool KeyEvent(Binding& binding, QEvent* event);
   QString ShownCaption(const pelkedit::Widget& model) const;
   const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
@@ -110,6 +111,8 @@ class Binder : public QObject {
   BinderOptions options_;
   std::vector<Binding> bindings_;
   std::map<const pelkedit::Widget*, std::size_t> index_;
+  // Models whose widgets wait for their page to be shown.
+  std::size_t unmade_ = 0;
   std::map<int, QPixmap> pictures_;
   // What each label names for the keyboard, and the caption position of each mnemonic the
   // binder chose (captions that mark their own keep theirs).

@@ -78,7 +78,7 @@ bool IsArrow(int key) {
 
 }  // namespace
 
-void Binder::SetUpKeyboard() {
+void Binder::ChooseKeys() {
   // Mnemonics are unique within a frame (only one page's frame is shown at a time) and differ
   // from the menus' and from those the captions mark themselves.
   const QString reserved = kMenuMnemonics + MarkedMnemonics(registry_.All());
@@ -86,50 +86,51 @@ void Binder::SetUpKeyboard() {
   // Rows that repeat a caption ("Relationship" for each decision maker) share its letter:
   // pressing it again moves on to the next of them.
   std::map<std::pair<const pelkedit::Widget*, QString>, int> chosen;
-  const auto chooseFor = [&](Binding& binding) {
-    const QString caption = QString::fromStdString(binding.model->Caption());
+  const auto chooseFor = [&](const pelkedit::Widget& model) {
+    const QString caption = QString::fromStdString(model.Caption());
     if (caption.isEmpty() || MarkedMnemonic(caption) >= 0) return;
-    const auto key = std::make_pair(binding.model->Parent(), caption);
+    const auto key = std::make_pair(model.Parent(), caption);
     if (const auto same = chosen.find(key); same != chosen.end()) {
-      mnemonics_[binding.model] = same->second;
+      mnemonics_[&model] = same->second;
       return;
     }
-    auto [it, fresh] = taken.try_emplace(binding.model->Parent(), reserved);
-    mnemonics_[binding.model] = chosen[key] = ChooseMnemonic(caption, it->second);
+    auto [it, fresh] = taken.try_emplace(model.Parent(), reserved);
+    mnemonics_[&model] = chosen[key] = ChooseMnemonic(caption, it->second);
   };
-  for (std::size_t i = 0; i < bindings_.size(); ++i) {
-    Binding& binding = bindings_[i];
-    const WidgetKind kind = binding.model->Kind();
-    if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
-        kind == WidgetKind::kDateField || kind == WidgetKind::kButton) {
-      binding.inner->installEventFilter(this);
-    }
-    if (kind == WidgetKind::kOption) UpdateTabStops(binding);
-    if (kind == WidgetKind::kButton) chooseFor(binding);
-    if (kind != WidgetKind::kLabel) continue;
+  const std::vector<pelkedit::Widget*>& models = registry_.All();
+  for (std::size_t i = 0; i < models.size(); ++i) {
+    const pelkedit::Widget& model = *models[i];
+    if (model.Kind() == WidgetKind::kButton) chooseFor(model);
+    if (model.Kind() != WidgetKind::kLabel) continue;
     // A label names the next widget the keyboard can reach on the same frame.
-    for (std::size_t j = i + 1; j < bindings_.size(); ++j) {
-      Binding& next = bindings_[j];
-      if (next.model->Parent() != binding.model->Parent()) continue;
+    for (std::size_t j = i + 1; j < models.size(); ++j) {
+      const pelkedit::Widget& next = *models[j];
+      if (next.Parent() != model.Parent()) continue;
       // A label names an input: a button beside it has a caption of its own.
-      if (next.model->Kind() == WidgetKind::kLabel || next.model->Kind() == WidgetKind::kButton) {
-        break;
-      }
-      const pelkedit::Widget* named = next.model;
+      if (next.Kind() == WidgetKind::kLabel || next.Kind() == WidgetKind::kButton) break;
+      const pelkedit::Widget* named = &next;
       // A frame holding an option pair stands for the options inside it.
       if (named->Kind() == WidgetKind::kFrame) named = FirstFocusableIn(*named);
       if (named == nullptr || !named->Focusable()) continue;
-      buddies_[binding.model] = named;
-      chooseFor(binding);
+      buddies_[&model] = named;
+      chooseFor(model);
       break;
     }
   }
-  for (Binding& binding : bindings_) Apply(binding, "caption");
+}
+
+void Binder::ConnectKeys(Binding& binding) {
+  const WidgetKind kind = binding.model->Kind();
+  if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
+      kind == WidgetKind::kDateField || kind == WidgetKind::kButton) {
+    binding.inner->installEventFilter(this);
+  }
+  if (kind == WidgetKind::kOption) UpdateTabStops(binding);
 }
 
 const pelkedit::Widget* Binder::FirstFocusableIn(const pelkedit::Widget& frame) const {
-  for (const Binding& binding : bindings_) {
-    if (binding.model->Parent() == &frame && binding.model->Focusable()) return binding.model;
+  for (const pelkedit::Widget* model : registry_.All()) {
+    if (model->Parent() == &frame && model->Focusable()) return model;
   }
   return nullptr;
 }
@@ -142,6 +143,7 @@ QString Binder::ShownCaption(const pelkedit::Widget& model) const {
 }
 
 void Binder::ApplyLabelCaption(Binding& binding) {
+  if (!binding.inner) return;
   auto* label = static_cast<QLabel*>(binding.inner.data());
   const auto buddy = buddies_.find(binding.model);
   if (buddy == buddies_.end()) {
@@ -159,7 +161,7 @@ QWidget* Binder::TabStopOf(const pelkedit::Widget& model) {
   Binding& binding = bindings_[it->second];
   if (model.Kind() != WidgetKind::kOption) return binding.inner;
   for (Binding* member : GroupOf(binding)) {
-    if (member->inner->focusPolicy() & Qt::TabFocus) return member->inner;
+    if (member->inner && member->inner->focusPolicy() & Qt::TabFocus) return member->inner;
   }
   return binding.inner;
 }
@@ -183,7 +185,8 @@ void Binder::UpdateTabStops(Binding& option) {
     if (static_cast<const pelkedit::OptionButton&>(*member->model).Value()) stop = member;
   }
   for (Binding* member : members) {
-    member->inner->setFocusPolicy(member == stop ? Qt::StrongFocus : Qt::ClickFocus);
+    if (member->inner)
+      member->inner->setFocusPolicy(member == stop ? Qt::StrongFocus : Qt::ClickFocus);
   }
   // The labels of the group now name its new Tab stop.
   for (const auto& [label, buddy] : buddies_) {
