@@ -126,6 +126,12 @@ int Run(const Options& options) {
   if (options.measureStart) QTimer::singleShot(0, &window, &QApplication::quit);
   // An IBO that cannot be shown has been reported; the user picks another.
   if (!ibo || !window.OpenIbo(*ibo, ViewOf(environment, *ibo, options.view))) window.ChooseIbo();
+  if (!environment.AdvisorProblem().empty()) {
+    QMessageBox::warning(&window, "Pelkor",
+                         "The advisor's rules cannot be used, so the Sales Advisor gives no advice "
+                         "until the rule file is repaired.\n\n" +
+                             QString::fromStdString(environment.AdvisorProblem()));
+  }
   return QApplication::exec();
 }
 

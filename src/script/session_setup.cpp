@@ -103,8 +103,8 @@ void Session::Fail(const Words& w) {
 void Session::Engine(const Words& w) {
   RequireWords(w, 2, 2, "engine rules|scripted");
   const std::string& kind = Bare(w[1]);
-  if (kind == "rules") throw ScriptError("the rule engine is not available in this build");
-  if (kind != "scripted") throw ScriptError("unknown engine " + kind);
+  if (kind != "rules" && kind != "scripted") throw ScriptError("unknown engine " + kind);
+  world_.UseRuleEngine(kind == "rules");
 }
 
 void Session::EngineResult(const Words& w) {

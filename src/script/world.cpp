@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <system_error>
 
+#include "advisor/rule_engine.h"
 #include "record/ibo_properties.h"
 #include "recording.h"
 #include "trace/err_object.h"
@@ -69,13 +70,28 @@ void World::RegisterComponents(const std::string& traceLogPath) {
   factory.Register(pelkedit::kSizeHelperProgId, [rec] {
     return std::make_shared<RecordingSize>(rec, pelkor::CreateIboSizeCalculator());
   });
-  const auto advisor = [this, rec] {
-    return std::make_shared<RecordingAdvisor>(rec, pelkor::CreateScriptedEngine(results));
-  };
   factory.Register(pelkedit::kProductViewProgId, [this, rec] {
     productView = std::make_shared<ScriptedProductView>(rec);
     return productView;
   });
+  RegisterAdvisor(false);
+}
+
+void World::UseRuleEngine(bool rules) {
+  RegisterAdvisor(rules);
+}
+
+void World::RegisterAdvisor(bool rules) {
+  const Recording rec{log, faults};
+  const auto advisor = [this, rec, rules]() -> pelkedit::ObjectPtr {
+    if (!rules) {
+      return std::make_shared<RecordingAdvisor>(rec, pelkor::CreateScriptedEngine(results));
+    }
+    // A rule file that cannot be used fails the creation with its own explanation.
+    return std::make_shared<RecordingAdvisor>(
+        rec,
+        pelkor::CreateRuleEngine(pelkor::DefaultRuleFile(), [this] { return platform.Today(); }));
+  };
   factory.Register(pelkedit::kAdvisorProgId, advisor);
   factory.Register(pelkedit::kAdvisorProgIdAtCreate, advisor);
 }

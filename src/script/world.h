@@ -58,9 +58,13 @@ class World {
   std::unique_ptr<pelkedit::PelkIboEdit> component;
   // The product view the component created last (none before a component is created).
   std::shared_ptr<ScriptedProductView> productView;
+  // Which engine new advisor engines are: the scripted one, or the rule engine on the installed
+  // rule file with the scenario's clock.
+  void UseRuleEngine(bool rules);
 
  private:
   void RegisterComponents(const std::string& traceLogPath);
+  void RegisterAdvisor(bool rules);
   std::filesystem::path tempDir_;
   pelkor::DatabaseSource dbSource_;
 };

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "advisor/rule_engine.h"
 #include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
@@ -64,7 +65,16 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
     return std::make_shared<CountingDataAccess>(CreateDataAccess(dbSource_), writes_);
   });
   RegisterRecordComponents(factory_);
-  RegisterScriptedAdvisor(factory_, results_);
+  const auto advisor = [this, rules = DefaultRuleFile()]() -> pelkedit::ObjectPtr {
+    try {
+      return CreateRuleEngine(rules, [this] { return platform_.Today(); });
+    } catch (const RuleFileError& error) {
+      advisorProblem_ = error.what();
+      return CreateScriptedEngine(nullptr);
+    }
+  };
+  factory_.Register(pelkedit::kAdvisorProgId, advisor);
+  factory_.Register(pelkedit::kAdvisorProgIdAtCreate, advisor);
   factory_.Register(pelkedit::kProductViewProgId, [] { return CreateProductListView(); });
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "advisor/rule_engine.h"
 #include "advisor/scripted_engine.h"
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"
@@ -31,6 +32,9 @@ class EditorEnvironment {
   std::shared_ptr<IIboStore> Db() { return dbSource_(); }
   // Records the editor has written through its data objects so far.
   int WritesDone() const { return *writes_; }
+  // Why the advisor's rule file could not be used ("" while it can); the editor then runs with
+  // an engine that gives no advice rather than not at all.
+  const std::string& AdvisorProblem() const { return advisorProblem_; }
 
  private:
   void RegisterComponents(const std::string& traceLogPath);
@@ -38,8 +42,8 @@ class EditorEnvironment {
   pelkedit::ObjectFactory factory_;
   QtPlatform platform_{factory_};
   DatabaseSource dbSource_;
-  std::shared_ptr<ScriptedResults> results_ = std::make_shared<ScriptedResults>();
   std::shared_ptr<int> writes_ = std::make_shared<int>(0);
+  std::string advisorProblem_;
 };
 
 // The demo database in the user's data folder, and the trace log in the user's state folder.

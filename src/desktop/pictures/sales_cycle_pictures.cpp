@@ -3,6 +3,7 @@
 #include <QPainterPath>
 #include <cmath>
 
+#include "contracts/advisor.h"
 #include "pictures/drawing.h"
 
 namespace pelkor::desktop::drawing {
@@ -31,6 +32,9 @@ const QColor kCurveLine{52, 84, 160};
 
 const char* const kPhases[] = {"Probe", "Prove", "Close"};
 constexpr int kPhaseCount = 3;
+// Each phase's start and end as parts of the cycle: the boundaries the advisor names phases by.
+constexpr double kPhaseStarts[kPhaseCount + 1] = {0, pelkedit::cycle::kProveStarts,
+                                                  pelkedit::cycle::kCloseStarts, 1};
 
 // Progress of the sale over the cycle: slow to start, fast in the middle, levelling at the close.
 double Progress(double t) {
@@ -57,11 +61,12 @@ QPixmap DrawSalesCycle() {
   p.setBrush(kPlotBackground);
   p.drawRect(QRectF(0.5, kPlotTop + 0.5, kWidth - 1, kPlotBottom - kPlotTop));
 
-  // Phase bands: a divider and a caption for each third of the cycle.
-  const double phaseWidth = double(kCycleRight - kCycleLeft) / kPhaseCount;
+  // Phase bands: a divider and a caption for each phase of the cycle.
+  const double cycleWidth = double(kCycleRight - kCycleLeft);
   p.setFont(UiFont(kLabelPixelSize, true));
   for (int i = 0; i < kPhaseCount; ++i) {
-    const double left = kCycleLeft + phaseWidth * i;
+    const double left = kCycleLeft + cycleWidth * kPhaseStarts[i];
+    const double phaseWidth = cycleWidth * (kPhaseStarts[i + 1] - kPhaseStarts[i]);
     if (i > 0) {
       p.setPen(QPen(kGridLine, 1, Qt::DashLine));
       p.drawLine(QPointF(std::round(left) + 0.5, kPlotTop + 1),
@@ -94,7 +99,7 @@ QPixmap DrawSalesCycle() {
   p.setPen(QPen(colors::kMutedInk, 1));
   p.drawLine(QPointF(kCycleLeft, kBaseline + 0.5), QPointF(kCycleRight, kBaseline + 0.5));
   for (int i = 0; i <= kPhaseCount; ++i) {
-    const double x = std::round(kCycleLeft + phaseWidth * i) + 0.5;
+    const double x = std::round(kCycleLeft + cycleWidth * kPhaseStarts[i]) + 0.5;
     p.drawLine(QPointF(x, kBaseline), QPointF(x, kBaseline + 4));
   }
   return pixmap;

@@ -1,0 +1,212 @@
+#include "advisor/rule_engine.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <set>
+
+#include "advisor/advisor_names.h"
+#include "advisor/sales_cycle.h"
+#include "values/error.h"
+
+namespace pelkor {
+namespace {
+
+using pelkedit::Variant;
+using pelkedit::VariantType;
+
+constexpr const char* kLineBreak = "\r\n";
+constexpr int kHighestRating = 2;
+constexpr int kHighestScore = 100;
+constexpr const char* kRatingWih = "advisor_wih";
+constexpr const char* kRatingWwgi = "advisor_wwgi";
+constexpr const char* kRatingScore = "score";
+
+// Values the engine works out before the ratings.
+const char* const kTimeValues[] = {"position", "dated", "late", "days_passed", "days_left",
+                                   "open",     "won",   "lost", "cancelled"};
+
+double NumberOf(const Variant& value) {
+  switch (value.Type()) {
+    case VariantType::kBoolean:
+      return value.AsBool() ? 1 : 0;
+    case VariantType::kLong:
+    case VariantType::kDouble:
+      return value.AsDouble();
+    default:
+      return 0;
+  }
+}
+
+// A rating rounded into 0..top; anything not finite counts as the lowest.
+int Clamp(double value, int top) {
+  if (!std::isfinite(value)) return 0;
+  return std::clamp(static_cast<int>(std::lround(value)), 0, top);
+}
+
+const Variant& FactOf(const std::vector<Variant>& facts, const char* name) {
+  return facts[RequireAdvisorName(name)];
+}
+
+std::string Join(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) {
+    if (!text.empty()) text += kLineBreak;
+    text += line;
+  }
+  return text;
+}
+
+}  // namespace
+
+const std::vector<std::string>& RuleEngine::Inputs() {
+  static const std::vector<std::string> inputs = [] {
+    std::vector<std::string> names;
+    for (const AdvisorName& entry : AdvisorNames()) {
+      if (entry.kind == AdvisorNameKind::kFact && entry.type != VariantType::kDate) {
+        names.emplace_back(entry.name);
+      }
+    }
+    for (const char* name : kTimeValues) names.emplace_back(name);
+    return names;
+  }();
+  return inputs;
+}
+
+RuleEngine::RuleEngine(const std::string& path, Clock today)
+    : program_(SharedProgram(path, Inputs())), today_(std::move(today)) {
+  for (const AdvisorName& entry : AdvisorNames()) {
+    facts_.push_back(entry.kind == AdvisorNameKind::kFact ? DefaultFactValue(entry) : Variant());
+  }
+  const auto& values = program_->Values();
+  for (const char* required : {kRatingWih, kRatingWwgi, kRatingScore}) {
+    if (values.count(required) == 0) {
+      throw RuleFileError("Advisor rule file \"" + path + "\", section [ratings]: the rating \"" +
+                          required + "\" is missing");
+    }
+  }
+  // A fresh engine answers for its default facts, and a rule that cannot be evaluated shows
+  // now rather than in front of a customer's record.
+  try {
+    Evaluate();
+  } catch (const pelkedit::PelkError& error) {
+    throw RuleFileError("Advisor rule file \"" + path + "\": " + error.Description());
+  }
+}
+
+RuleEngine::~RuleEngine() = default;
+
+Variant RuleEngine::Get(const std::string& name) {
+  const std::size_t index = RequireAdvisorName(name);
+  if (AdvisorNames()[index].kind == AdvisorNameKind::kFact) return facts_[index];
+  return results_.at(name);
+}
+
+void RuleEngine::Set(const std::string& name, const Variant& value) {
+  const std::size_t index = RequireAdvisorName(name);
+  const AdvisorName& entry = AdvisorNames()[index];
+  if (entry.kind != AdvisorNameKind::kFact) {
+    pelkedit::Raise(pelkedit::errnum::kNotSupported, kAdvisorSource,
+                    "'" + name + "' is a result of the advisor and cannot be set.");
+  }
+  facts_[index] = ConvertForName(entry, value);
+}
+
+void RuleEngine::LoadFacts() {
+  auto& values = program_->Values();
+  for (std::size_t i = 0; i < facts_.size(); ++i) {
+    const AdvisorName& entry = AdvisorNames()[i];
+    if (entry.kind != AdvisorNameKind::kFact || entry.type == VariantType::kDate) continue;
+    values[std::string(entry.name)] = NumberOf(facts_[i]);
+  }
+  const int status = FactOf(facts_, "Status").AsLong();
+  const CyclePlace place = PlaceInCycle(status, FactOf(facts_, "StartDate").AsDate(),
+                                        FactOf(facts_, "WwihDate").AsDate(),
+                                        FactOf(facts_, "CloseDate").AsDate(), today_());
+  values["position"] = place.position;
+  values["dated"] = place.dated ? 1 : 0;
+  values["late"] = place.late ? 1 : 0;
+  values["days_passed"] = place.daysPassed;
+  values["days_left"] = place.daysLeft;
+  values["won"] = status == kStatusWon ? 1 : 0;
+  values["lost"] = status == kStatusLost ? 1 : 0;
+  values["cancelled"] = status == kStatusCancelled ? 1 : 0;
+  values["open"] = status == kStatusOpen || status == kStatusUnknown ? 1 : 0;
+  results_["SalesCyclePosition"] = place.position;
+  results_["SalesCycleLine1"] = place.line1;
+  results_["SalesCycleLine2"] = place.line2;
+}
+
+void RuleEngine::Evaluate() {
+  LoadFacts();
+  const std::vector<bool> holding = program_->Run();
+  values_ = program_->Values();
+  WorkOutResults();
+  ComposeAdvice(holding);
+}
+
+void RuleEngine::WorkOutResults() {
+  const RuleSet& rules = program_->Rules();
+  const int wih = Clamp(values_[kRatingWih], kHighestRating);
+  const int wwgi = Clamp(values_[kRatingWwgi], kHighestRating);
+  const auto priority = [&](int row, int column) {
+    return rules.priority[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+  };
+  results_["AdvisorWih"] = std::int32_t{wih};
+  results_["AdvisorWwgi"] = std::int32_t{wwgi};
+  results_["AdvisorExtraResult"] = std::int32_t{Clamp(values_[kRatingScore], kHighestScore)};
+  results_["UserPriority"] = std::int32_t{
+      priority(Clamp(values_["WIH"], kHighestRating), Clamp(values_["WWGI"], kHighestRating))};
+  results_["AdvisorPriority"] =
+      std::int32_t{values_["open"] != 0 ? priority(wih, wwgi) : rules.closedPriority};
+}
+
+void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
+  const RuleSet& rules = program_->Rules();
+  std::vector<const AdviceRule*> holding;
+  for (std::size_t i = 0; i < holds.size(); ++i) {
+    if (holds[i]) holding.push_back(&rules.rules[i]);
+  }
+  std::stable_sort(holding.begin(), holding.end(),
+                   [](const AdviceRule* a, const AdviceRule* b) { return a->rank > b->rank; });
+  std::string alert;
+  std::vector<std::string> actions;
+  std::vector<std::string> basic;
+  const auto maxActions = static_cast<std::size_t>(rules.MaxActions());
+  for (const AdviceRule* rule : holding) {
+    if (rule->kind == RuleKind::kAlert && alert.empty()) alert = rule->text;
+    if (rule->kind == RuleKind::kAction && actions.size() < maxActions)
+      actions.push_back("*" + rule->text);
+    if (rule->kind == RuleKind::kBasic) basic.push_back(rule->text);
+  }
+  const int status = static_cast<int>(values_["Status"]);
+  std::string verdict = rules.Verdict(std::to_string(results_["AdvisorPriority"].AsLong()));
+  if (status == kStatusWon) verdict = rules.Verdict("won");
+  if (status == kStatusLost) verdict = rules.Verdict("lost");
+  if (status == kStatusCancelled) verdict = rules.Verdict("cancelled");
+  results_["ExpertAdviceTitle"] = verdict;
+  results_["BasicAdviceTitle"] = verdict;
+  results_["ExpertAdviceAlert"] = alert;
+  if (actions.empty()) {
+    results_["ExpertAdviceHeading"] = rules.Text("heading_none");
+    results_["ExpertAdviceBody"] = rules.Text("body_none");
+  } else {
+    actions.insert(actions.begin(), rules.Text("body_first"));
+    results_["ExpertAdviceHeading"] = rules.Text("heading");
+    results_["ExpertAdviceBody"] = Join(actions);
+  }
+  results_["BasicAdviceBody"] = basic.empty() ? rules.Text("body_none") : Join(basic);
+}
+
+std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today) {
+  return std::make_shared<RuleEngine>(path, std::move(today));
+}
+
+void RegisterRuleAdvisor(pelkedit::ObjectFactory& factory, std::string path,
+                         RuleEngine::Clock today) {
+  const auto create = [path, today] { return CreateRuleEngine(path, today); };
+  factory.Register(pelkedit::kAdvisorProgId, create);
+  factory.Register(pelkedit::kAdvisorProgIdAtCreate, create);
+}
+
+}  // namespace pelkor
