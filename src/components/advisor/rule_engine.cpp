@@ -196,6 +196,13 @@ void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
     results_["ExpertAdviceBody"] = Join(actions);
   }
   results_["BasicAdviceBody"] = basic.empty() ? rules.Text("body_none") : Join(basic);
+  // A closed deal has its verdict and nothing left to do.
+  if (values_["open"] == 0) {
+    for (const char* text : {"ExpertAdviceAlert", "ExpertAdviceHeading", "ExpertAdviceBody",
+                             "BasicAdviceBody"}) {
+      results_[text] = std::string();
+    }
+  }
 }
 
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today) {
