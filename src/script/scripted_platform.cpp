@@ -228,13 +228,14 @@ std::int32_t ScriptedPlatform::GetLocaleInfoA(std::int32_t locale, std::int32_t 
 }
 
 void ScriptedPlatform::StartProcess(const std::string& commandLine) {
-  Fault("StartProcess");
+  // Listed before its injected failure, as every failing call is.
   log_.Add(WorldLog::Kind::kCalls, "platform.StartProcess " + pelkedit::QuoteString(commandLine));
+  Fault("StartProcess");
 }
 
 void ScriptedPlatform::ShowModal(pelkedit::ModalDialog& dialog) {
-  Fault("ShowModal");
   log_.Add(WorldLog::Kind::kCalls, "dialog " + dialog.Name() + " shown");
+  Fault("ShowModal");
   std::vector<DialogStep> steps;
   auto& queued = dialogs_[dialog.Name()];
   if (!queued.empty()) {

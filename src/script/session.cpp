@@ -29,7 +29,7 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"engine-result", &Session::EngineResult},
       {"ibo", &Session::Ibo},
       {"file", &Session::File},
-      {"config", &Session::NotInThisVersion},
+      {"config", &Session::Config},
       {"contacts", &Session::NotInThisVersion},
       {"lookup", &Session::NotInThisVersion},
       {"products", &Session::Products},
@@ -76,7 +76,8 @@ void Session::Run(std::istream& in) {
     try {
       RunLine(line);
     } catch (const ScriptError& error) {
-      out_ << fileName_ << ':' << lineNumber_ << ": script error: " << error.what() << '\n';
+      out_ << fileName_ << ':' << lineNumber_
+           << ": script error: " << world_.log.Masked(error.what()) << '\n';
       scriptFailed_ = true;
     }
   }
@@ -104,7 +105,7 @@ void Session::RunLine(const std::string& line) {
 
 void Session::FailExpectation(const std::string& text) {
   ++failed_;
-  out_ << "FAILED " << fileName_ << ':' << lineNumber_ << ": " << text << '\n';
+  out_ << "FAILED " << fileName_ << ':' << lineNumber_ << ": " << world_.log.Masked(text) << '\n';
 }
 
 void Session::NotInThisVersion(const Words& w) {

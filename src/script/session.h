@@ -73,6 +73,7 @@ class Session {
   void Answer(const Words& w);
   void StartDateDialog(const Words& w);
   void CompetitorsDialog(const Words& w);
+  void Config(const Words& w);
   void Products(const Words& w);
   // Observing.
   void Print(const Words& w);
@@ -127,8 +128,10 @@ void Session::Guard(Body&& body) {
     body();
   } catch (const pelkedit::PelkError& error) {
     lastError_ = error;
-    out_ << "! error " << error.Number() << ' ' << pelkedit::QuoteString(error.Source()) << ' '
-         << pelkedit::QuoteString(error.Description()) << '\n';
+    out_ << world_.log.Masked("! error " + std::to_string(error.Number()) + ' ' +
+                              pelkedit::QuoteString(error.Source()) + ' ' +
+                              pelkedit::QuoteString(error.Description()))
+         << '\n';
   }
 }
 

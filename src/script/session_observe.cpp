@@ -140,7 +140,7 @@ void Session::Print(const Words& w) {
     world_.log.PrintAndClear(log->second, out_);
     return;
   }
-  out_ << what << " = " << Display(Evaluate(what)) << '\n';
+  out_ << what << " = " << world_.log.Masked(Display(Evaluate(what))) << '\n';
 }
 
 void Session::Expect(const Words& w) {

@@ -46,6 +46,7 @@ bool KnownOperation(const std::string& object, const std::string& operation) {
   if (object == "trace") return TraceOperations().count(operation) != 0;
   if (object == "platform") return PlatformOperations().count(operation) != 0;
   if (object == "products") return ProductViewOperation(operation);
+  if (object == "config") return operation == "GetValue";
   return false;
 }
 
@@ -93,7 +94,7 @@ void Session::Fail(const Words& w) {
   if (dot == std::string::npos) throw ScriptError("usage: fail OBJECT.OPERATION");
   const std::string object = target.substr(0, dot);
   const std::string operation = target.substr(dot + 1);
-  if (object == "lookup" || object == "config") {
+  if (object == "lookup") {
     throw ScriptError("the " + object + " component is not available in this version");
   }
   if (!KnownOperation(object, operation)) throw ScriptError("unknown operation " + target);
@@ -145,13 +146,19 @@ void Session::Ibo(const Words& w) {
 
 void Session::File(const Words& w) {
   RequireWords(w, 2, 2, "file PATH");
-  const std::string name = w[1].Quoted() ? DecodeString(w[1].raw) : w[1].raw;
+  const std::string name = world_.Unmasked(w[1].Quoted() ? DecodeString(w[1].raw) : w[1].raw);
   std::filesystem::path path(name);
   if (path.is_relative()) path = world_.TempDir() / path;
   std::error_code ec;
   if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), ec);
   std::ofstream file(path, std::ios::trunc);
   if (!file) throw ScriptError("cannot create the file " + path.string());
+}
+
+void Session::Config(const Words& w) {
+  RequireWords(w, 3, 3, "config KEY VALUE");
+  const std::string value = w[2].Quoted() ? DecodeString(w[2].raw) : w[2].raw;
+  (*world_.config)[Bare(w[1])] = world_.Unmasked(value);
 }
 
 }  // namespace pelkscript

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "advisor/rule_engine.h"
+#include "config/local_file_system.h"
 #include "record/ibo_properties.h"
 #include "recording.h"
 #include "trace/err_object.h"
@@ -42,6 +43,7 @@ World::World(const WorldOptions& options) : tempDir_(MakeTempDir()) {
   // Each world starts a library of its own on this thread.
   pelkedit::UnloadLibrary();
   pelkedit::Err().Clear();
+  log.SetTempDir(tempDir_.string());
   dbSource_ = pelkor::OpenOnFirstUse(options.dbPath.empty() ? ":memory:" : options.dbPath);
   RegisterComponents(options.traceLogPath.empty() ? (tempDir_ / kTraceLogName).string()
                                                   : options.traceLogPath);
@@ -75,6 +77,19 @@ void World::RegisterComponents(const std::string& traceLogPath) {
     return productView;
   });
   RegisterAdvisor(false);
+  factory.Register(pelkedit::kConfigProgId, [rec, values = config] {
+    return std::make_shared<ScriptedConfig>(rec, values);
+  });
+  factory.Register(pelkedit::kFileSystemProgId, [] { return pelkor::CreateFileSystem(); });
+}
+
+std::string World::Unmasked(std::string text) const {
+  const std::string mark = "$TMP";
+  for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
+    text.replace(at, mark.size(), tempDir_.string());
+    at += tempDir_.string().size();
+  }
+  return text;
 }
 
 void World::UseRuleEngine(bool rules) {

@@ -9,6 +9,7 @@
 #include "control/pelk_ibo_edit.h"
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"
+#include "scripted_config.h"
 #include "scripted_platform.h"
 #include "scripted_product_view.h"
 #include "world_log.h"
@@ -58,6 +59,10 @@ class World {
   std::unique_ptr<pelkedit::PelkIboEdit> component;
   // The product view the component created last (none before a component is created).
   std::shared_ptr<ScriptedProductView> productView;
+  // The values every configuration object of this world reads (`config KEY VALUE`).
+  std::shared_ptr<ScriptedConfig::Values> config = std::make_shared<ScriptedConfig::Values>();
+  // A path or value as a scenario writes it: $TMP stands for the run's own temporary folder.
+  std::string Unmasked(std::string text) const;
   // Which engine new advisor engines are: the scripted one, or the rule engine on the installed
   // rule file with the scenario's clock.
   void UseRuleEngine(bool rules);

@@ -4,10 +4,20 @@
 
 namespace pelkscript {
 namespace {
+constexpr const char* kTempMark = "$TMP";
 std::string Key(const std::string& object, const std::string& operation) {
   return object + "." + operation;
 }
 }  // namespace
+
+std::string WorldLog::Masked(std::string text) const {
+  if (tempDir_.empty()) return text;
+  for (auto at = text.find(tempDir_); at != std::string::npos; at = text.find(tempDir_, at)) {
+    text.replace(at, tempDir_.size(), kTempMark);
+    at += std::string(kTempMark).size();
+  }
+  return text;
+}
 
 void WorldLog::PrintAndClear(Kind kind, std::ostream& out) {
   auto& lines = logs_[kind];

@@ -13,13 +13,17 @@ class WorldLog {
  public:
   enum class Kind { kMessages, kEvents, kTrace, kCalls };
 
-  void Add(Kind kind, std::string line) { logs_[kind].push_back(std::move(line)); }
+  void Add(Kind kind, std::string line) { logs_[kind].push_back(Masked(std::move(line))); }
+  // The run's own temporary folder, printed as $TMP wherever it appears.
+  void SetTempDir(std::string dir) { tempDir_ = std::move(dir); }
+  std::string Masked(std::string text) const;
   const std::vector<std::string>& Lines(Kind kind) { return logs_[kind]; }
   void PrintAndClear(Kind kind, std::ostream& out);
   void ClearAll() { logs_.clear(); }
 
  private:
   std::map<Kind, std::vector<std::string>> logs_;
+  std::string tempDir_;
 };
 
 // Armed failures: `fail OBJECT.OPERATION` makes the next call of that operation raise

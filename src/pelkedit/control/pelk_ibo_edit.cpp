@@ -9,6 +9,7 @@
 #include "control/layout.h"
 #include "control/navigation.h"
 #include "control/record_saving.h"
+#include "help/context_help.h"
 #include "locale/mod_locale.h"
 #include "tabs/pages.h"
 #include "trace/error_paths.h"
@@ -37,6 +38,7 @@ PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
   ctx.navigation->Wire();
   ctx.saving->Wire();
   for (const auto& page : ctx.pages) page->Wire();
+  WireContextHelp(ctx);
 
   // UserControl_Initialize: every failing step is reported and creation goes on.
   ResumeNext statement(EditorContext::Proc("UserControl_Initialize"));

@@ -1,3 +1,4 @@
+#include "contracts/advisor.h"
 #include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
@@ -5,12 +6,26 @@
 #include "trace/error_paths.h"
 
 namespace pelkedit {
+namespace {
+// The graph's cycle runs from 2 to 246 pixels; its phase captions fill the top 14 pixels.
+constexpr double kGraphCycleLeft = 2;
+constexpr double kGraphCycleWidth = 244;
+constexpr float kGraphCaptionHeight = 14;
+}  // namespace
 
 void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
   page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316);
   page.Caption("lblAdvisorSCGraph", 328, 10, 250, "Sales Cycle Graph");
-  page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
+  auto& graph = page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
+  // The phase captions at the top of the graph, each a label that opens its phase's help.
+  const double phaseStarts[] = {0, cycle::kProveStarts, cycle::kCloseStarts, 1};
+  const char* const phaseLabels[] = {"lblSCProbe", "lblSCProve", "lblSCClose"};
+  for (int i = 0; i < 3; ++i) {
+    const auto left = static_cast<float>(kGraphCycleLeft + kGraphCycleWidth * phaseStarts[i]);
+    const auto width = static_cast<float>(kGraphCycleWidth * (phaseStarts[i + 1] - phaseStarts[i]));
+    page.PlaceInPicture<Label>(phaseLabels[i], graph, left, 0, width, kGraphCaptionHeight);
+  }
   page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101);
   auto& caption = page.Place<TextBox>(widget::txtSalesCycle, 328, 155, 250, 40);
   caption.SetMultiline(true);
