@@ -6,6 +6,8 @@
 #include <QStandardPaths>
 
 #include "advisor/rule_engine.h"
+#include "config/ini_config.h"
+#include "config/local_file_system.h"
 #include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
@@ -76,6 +78,8 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
   factory_.Register(pelkedit::kAdvisorProgId, advisor);
   factory_.Register(pelkedit::kAdvisorProgIdAtCreate, advisor);
   factory_.Register(pelkedit::kProductViewProgId, [] { return CreateProductListView(); });
+  factory_.Register(pelkedit::kConfigProgId, [] { return CreateConfig(); });
+  factory_.Register(pelkedit::kFileSystemProgId, [] { return CreateFileSystem(); });
 }
 
 std::string DefaultDatabasePath() {

@@ -15,6 +15,7 @@
 #include "app/open_ibo_dialog.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
+#include "help_viewer/help_window.h"
 #include "widgets/controls.h"
 
 namespace pelkor::desktop {
@@ -160,6 +161,20 @@ QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t ibo
 
 }  // namespace
 
+// The help viewer on the index and on a few topics, as a user opens them from the editor.
+QStringList ShootHelp(const QDir& folder) {
+  QStringList written;
+  help::HelpWindow viewer;
+  viewer.show();
+  for (const int mapId : {10, 16, 39, 44}) {
+    viewer.ShowTopic(PELK_HELP_FILE, mapId);
+    QApplication::processEvents();
+    const QString path = folder.filePath(QString("help-topic-%1.png").arg(mapId));
+    if (viewer.grab().save(path)) written << path;
+  }
+  return written;
+}
+
 QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
                              const QString& folder, std::optional<std::int32_t> iboId,
                              std::int32_t view) {
@@ -181,6 +196,7 @@ QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
   for (std::size_t i = 1; i < experts.size(); ++i) {
     written << ShootPhases(window, dir, experts[i]);
   }
+  written << ShootHelp(dir);
   return written;
 }
 

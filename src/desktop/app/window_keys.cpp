@@ -52,6 +52,9 @@ void StepPhase(HostWindow& window, int step) {
 }
 
 void InstallWindowKeys(HostWindow& window) {
+  Bind(window, QKeySequence(Qt::Key_F1), [&window] {
+    if (window.Binding() != nullptr) window.Binding()->HelpForFocus();
+  });
   HostWindow* w = &window;
   for (const auto& keys :
        {QKeySequence(Qt::CTRL | Qt::Key_Tab), QKeySequence(Qt::CTRL | Qt::Key_PageDown)}) {

@@ -56,6 +56,9 @@ class Binder : public QObject {
   // Runs a user action on the models as the widgets' own input does: an error is shown, the
   // focus follows the models, userActionHandled is emitted.
   void Run(const std::function<void()>& action) { Dispatch(action); }
+  // Opens the help of the question that has the focus, as a click on its label does (F1); false
+  // when the focused widget has no label that opens help.
+  bool HelpForFocus();
   // The room the form has beyond the component's design, in pixels; stretching widgets take it.
   void SetExtraRoom(QSize extra);
 

@@ -267,4 +267,21 @@ bool Binder::TypeIntoDate(Binding& binding, QEvent* event) {
   return swallow;
 }
 
+bool Binder::HelpForFocus() {
+  const pelkedit::Widget* focused = registry_.Focused();
+  if (focused == nullptr) return false;
+  const auto* option = dynamic_cast<const pelkedit::OptionButton*>(focused);
+  for (const auto& [label, named] : buddies_) {
+    const auto* namedOption = dynamic_cast<const pelkedit::OptionButton*>(named);
+    const bool sameGroup = option != nullptr && namedOption != nullptr &&
+                           option->Group() != nullptr && option->Group() == namedOption->Group();
+    if (named != focused && !sameGroup) continue;
+    auto* model = const_cast<pelkedit::Widget*>(label);
+    if (!model->onClick) return false;
+    Dispatch([model] { model->UserClick(); });
+    return true;
+  }
+  return false;
+}
+
 }  // namespace pelkor::desktop

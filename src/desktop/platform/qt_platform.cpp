@@ -1,5 +1,6 @@
 #include "platform/qt_platform.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QLocale>
@@ -166,10 +167,25 @@ std::int32_t QtPlatform::GetLocaleInfoA(std::int32_t locale, std::int32_t lctype
   return written;
 }
 
+namespace {
+const QString kHelpProgram = "keyhh.exe";
+const QString kHelpViewer = "pelkor-help";
+}  // namespace
+
 void QtPlatform::StartProcess(const std::string& commandLine) {
+  if (processHook_) return processHook_(commandLine);
   QStringList parts = QProcess::splitCommand(QString::fromStdString(commandLine));
   if (parts.isEmpty()) pelkedit::Raise(kFileNotFound, "Shell", "File not found");
-  const QString program = parts.takeFirst();
+  QString program = parts.takeFirst();
+  if (program == kHelpProgram) {
+    // The help viewer of this product stands in for the classic one. Its request ends with the
+    // help file's path, unquoted, which may hold spaces: it is the rest of the line.
+    constexpr int kRequestWords = 3;
+    const QStringList words = QString::fromStdString(commandLine).split(' ');
+    parts = words.mid(1, kRequestWords);
+    parts << words.mid(1 + kRequestWords).join(' ');
+    program = QCoreApplication::applicationDirPath() + "/" + kHelpViewer;
+  }
   if (!QProcess::startDetached(program, parts)) {
     pelkedit::Raise(kFileNotFound, "Shell", "File not found: " + program.toStdString());
   }

@@ -36,6 +36,9 @@ class QtPlatform : public pelkedit::IPlatform {
   };
   using MessageHook = std::function<pelkedit::MsgAnswer(const Message&)>;
   void SetMessageHook(MessageHook hook) { messageHook_ = std::move(hook); }
+  // Takes the command lines the editor would start instead of starting them (tests).
+  using ProcessHook = std::function<void(const std::string&)>;
+  void SetProcessHook(ProcessHook hook) { processHook_ = std::move(hook); }
   // Called, after the handler that posted it has returned, instead of closing the host window
   // directly, so the host knows the close was the component's own request.
   void SetCloseRequestHandler(std::function<void()> handler) {
@@ -70,6 +73,7 @@ class QtPlatform : public pelkedit::IPlatform {
   bool cursorOverridden_ = false;
   BinderOptions dialogOptions_;
   MessageHook messageHook_;
+  ProcessHook processHook_;
   std::function<void()> closeRequestHandler_;
   int messagesShown_ = 0;
 };

@@ -1,0 +1,82 @@
+// pelkor-help: the product's help viewer. `pelkor-help -WINDOW -#mapid N FILE` shows topic N of
+// FILE in the window named WINDOW; a viewer already showing that window takes the request and
+// comes to the front, and the second program ends at once.
+#include <QApplication>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QMessageBox>
+#include <QTextStream>
+
+#include "help_viewer/help_request.h"
+#include "help_viewer/help_window.h"
+
+namespace {
+
+constexpr int kConnectMilliseconds = 500;
+constexpr int kReplyMilliseconds = 2000;
+
+// One server per window name and user.
+QString ServerName(const QString& window) {
+  return "pelkor-help-" + window + "-" + qEnvironmentVariable("USER", "user");
+}
+
+QByteArray Encode(const pelkor::help::HelpRequest& request) {
+  return QString("show %1 %2\n").arg(request.mapId).arg(request.file).toUtf8();
+}
+
+// Hands the request to a viewer already running; false when there is none.
+bool HandOver(const pelkor::help::HelpRequest& request) {
+  QLocalSocket socket;
+  socket.connectToServer(ServerName(request.window));
+  if (!socket.waitForConnected(kConnectMilliseconds)) return false;
+  socket.write(Encode(request));
+  socket.flush();
+  socket.waitForReadyRead(kReplyMilliseconds);
+  return true;
+}
+
+// "show N FILE" shows a topic; "state" answers "topic N" for whoever asks (the tests).
+void Serve(QLocalSocket* socket, pelkor::help::HelpWindow& window) {
+  while (socket->canReadLine()) {
+    const QString line = QString::fromUtf8(socket->readLine()).trimmed();
+    if (line.startsWith("show ")) {
+      const QString rest = line.mid(5);
+      const int space = rest.indexOf(' ');
+      window.ShowTopic(rest.mid(space + 1), rest.left(space).toInt());
+      window.showNormal();
+      window.raise();
+      window.activateWindow();
+    }
+    socket->write(QString("topic %1\n").arg(window.CurrentTopic()).toUtf8());
+    socket->flush();
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("pelkor-help");
+  QApplication::setApplicationDisplayName("Pelkor Help");
+  const auto request = pelkor::help::ParseRequest(QApplication::arguments().mid(1));
+  if (!request) {
+    QTextStream(stderr) << "usage: pelkor-help -WINDOW -#mapid N FILE\n";
+    return 2;
+  }
+  if (HandOver(*request)) return 0;
+
+  pelkor::help::HelpWindow window;
+  QLocalServer server;
+  QLocalServer::removeServer(ServerName(request->window));
+  server.listen(ServerName(request->window));
+  QObject::connect(&server, &QLocalServer::newConnection, &window, [&server, &window] {
+    while (QLocalSocket* socket = server.nextPendingConnection()) {
+      QObject::connect(socket, &QLocalSocket::readyRead, &window,
+                       [socket, &window] { Serve(socket, window); });
+      QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+    }
+  });
+  window.ShowTopic(request->file, request->mapId);
+  window.show();
+  return QApplication::exec();
+}
