@@ -12,6 +12,7 @@
 
 #include "app/app_style.h"
 #include "app/editor_environment.h"
+#include "app/first_paint.h"
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
 #include "app/screenshots.h"
@@ -123,7 +124,7 @@ int Run(const Options& options) {
   }
   const std::optional<std::int32_t> ibo = options.ibo ? options.ibo : FirstIbo(environment);
   window.show();
-  if (options.measureStart) QTimer::singleShot(0, &window, &QApplication::quit);
+  if (options.measureStart) new pelkor::desktop::QuitAfterFirstPaint(window);
   // An IBO that cannot be shown has been reported; the user picks another.
   if (!ibo || !window.OpenIbo(*ibo, ViewOf(environment, *ibo, options.view))) window.ChooseIbo();
   if (!environment.AdvisorProblem().empty()) {
@@ -147,7 +148,8 @@ int main(int argc, char** argv) {
   cli.add_option("--view", options.view,
                  "view code: 0 to 2 main table, 3 archive (default: where the IBO is)")
       ->check(CLI::Range(0, pelkedit::view::kArchive));
-  cli.add_flag("--measure-start", options.measureStart, "quit once the window is shown")->group("");
+  cli.add_flag("--measure-start", options.measureStart, "quit once the window has painted")
+      ->group("");
   cli.add_option(kScreenshotsOption, options.screenshots,
                  "write a PNG of every tab to this folder and exit");
   try {
