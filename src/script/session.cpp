@@ -31,7 +31,7 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"file", &Session::File},
       {"config", &Session::Config},
       {"contacts", &Session::NotInThisVersion},
-      {"lookup", &Session::NotInThisVersion},
+      {"lookup", &Session::Lookup},
       {"products", &Session::Products},
       {"competitors-dialog", &Session::CompetitorsDialog},
       {"create", &Session::Create},

@@ -74,6 +74,7 @@ class Session {
   void StartDateDialog(const Words& w);
   void CompetitorsDialog(const Words& w);
   void Config(const Words& w);
+  void Lookup(const Words& w);
   void Products(const Words& w);
   // Observing.
   void Print(const Words& w);

@@ -212,4 +212,20 @@ void Session::Products(const Words& w) {
   world_.productView->UserEdited(DecodeString(w[1].raw), changed.AsBool(), total);
 }
 
+void Session::Lookup(const Words& w) {
+  constexpr const char* kUsage = "lookup FIRST LAST ADDRESS COMPANY PHONE EMAIL  or  lookup cancel";
+  constexpr std::size_t kFields = 6;
+  if (w.size() == 2 && !w[1].Quoted() && w[1].raw == "cancel") {
+    world_.lookups->push_back({});
+    return;
+  }
+  RequireWords(w, kFields + 1, kFields + 1, kUsage);
+  std::array<std::string, kFields> contact;
+  for (std::size_t i = 0; i < kFields; ++i) {
+    if (!w[i + 1].Quoted()) throw ScriptError(std::string("usage: ") + kUsage);
+    contact[i] = DecodeString(w[i + 1].raw);
+  }
+  world_.lookups->push_back({contact});
+}
+
 }  // namespace pelkscript

@@ -81,6 +81,13 @@ void World::RegisterComponents(const std::string& traceLogPath) {
     return std::make_shared<ScriptedConfig>(rec, values);
   });
   factory.Register(pelkedit::kFileSystemProgId, [] { return pelkor::CreateFileSystem(); });
+  factory.Register(pelkedit::kContactLookupProgId, [this, rec] {
+    return std::make_shared<ScriptedContactLookup>(rec, lookups,
+                                                   [this](const std::string& problem) {
+                                                     if (platform.onUnansweredDialog)
+                                                       platform.onUnansweredDialog(problem);
+                                                   });
+  });
 }
 
 std::string World::Unmasked(std::string text) const {

@@ -10,6 +10,7 @@
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"
 #include "scripted_config.h"
+#include "scripted_contact_lookup.h"
 #include "scripted_platform.h"
 #include "scripted_product_view.h"
 #include "world_log.h"
@@ -61,6 +62,8 @@ class World {
   std::shared_ptr<ScriptedProductView> productView;
   // The values every configuration object of this world reads (`config KEY VALUE`).
   std::shared_ptr<ScriptedConfig::Values> config = std::make_shared<ScriptedConfig::Values>();
+  // The contacts the user picks in the next look-up dialogs (`lookup`).
+  std::shared_ptr<std::deque<LookupAnswer>> lookups = std::make_shared<std::deque<LookupAnswer>>();
   // A path or value as a scenario writes it: $TMP stands for the run's own temporary folder.
   std::string Unmasked(std::string text) const;
   // Which engine new advisor engines are: the scripted one, or the rule engine on the installed

@@ -119,6 +119,7 @@ void ProbeTab::Wire() {
       RunHandler(EditorContext::Proc(std::string(dm.nameBox) + "_LostFocus"), ctx_.platform,
                  [&] { UpdateSEnvProbeDmName(dm); });
     };
+    ctx_.Get<PictureBox>(dm.lookup).onClick = [this, &dm] { DmLookupClick(dm); };
     ctx_.Get<TextBox>(dm.importantBox).onLostFocus = [this, &dm] {
       RunHandler(EditorContext::Proc(std::string(dm.importantBox) + "_LostFocus"), ctx_.platform,
                  [&] { UpdateSEnvProbeDmImportant(dm); });

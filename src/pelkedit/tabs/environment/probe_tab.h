@@ -1,10 +1,15 @@
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "control/tab_page.h"
 
 namespace pelkedit {
 
 class EditorContext;
+class IContactLookup;
+class IPlatform;
 class ListBox;
 class TextBox;
 struct DecisionMaker;
@@ -28,11 +33,18 @@ class ProbeTab : public TabPage {
   void UpdateSEnvProbeDmInfluence(const DecisionMaker& dm);
   void UpdateSEnvProbeDmName(const DecisionMaker& dm);
   void UpdateSEnvProbeDmImportant(const DecisionMaker& dm);
+  // The name of the contact picked in the contact book: last name alone, first name alone, or
+  // both with one space, cut to 30 characters.
+  void LookupDmName(bool& cancelled, std::string& name);
 
  private:
   void CmdSenvCompetitorsClick();
+  void DmLookupClick(const DecisionMaker& dm);
 
   EditorContext& ctx_;
 };
+
+// The contact book's look-up dialog, created for one look-up.
+std::shared_ptr<IContactLookup> CreateContactLookup(IPlatform& platform);
 
 }  // namespace pelkedit

@@ -1,10 +1,13 @@
 #include "tabs/info/info_tab.h"
 
+#include "contracts/contact_lookup.h"
 #include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
 #include "control/record_saving.h"
+#include "tabs/environment/probe_tab.h"
 #include "trace/error_paths.h"
+#include "values/text.h"
 #include "widgets/product_view_box.h"
 
 namespace pelkedit {
@@ -35,11 +38,16 @@ const ContactField* const kLimitOrder[] = {&kFirstName, &kLastName, &kCompany,
                                            &kAddress,   &kEmail,    &kPhone};
 const ContactField* const kFillOrder[] = {&kFirstName, &kLastName, &kAddress,
                                           &kCompany,   &kPhone,    &kEmail};
+const ContactField* const kLookupCommitOrder[] = {&kFirstName, &kLastName, &kCompany,
+                                                  &kAddress,   &kEmail,    &kPhone};
 // By property name, alphabetically.
 const ContactField* const kSaveOrder[] = {&kAddress,   &kCompany,  &kEmail,
                                           &kFirstName, &kLastName, &kPhone};
 
 constexpr const char* kContactFrame = "fraContactInfo";
+constexpr const char* kContactLookup = "cmdContactLookup";
+constexpr float kLookupButtonWidth = 84;
+constexpr float kLookupButtonTop = 0;
 constexpr const char* kProductFrame = "fraProductInfo";
 constexpr const char* kProductTooltip =
     "Right click last two columns to specify the information to be displayed in the view.";
@@ -77,6 +85,10 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
                                  layout::kFieldHeight);
     ++slot;
   }
+  contactLayout
+      .Place<Button>(kContactLookup, kGroupWidth - kLookupButtonWidth - kMargin, kLookupButtonTop,
+                     kLookupButtonWidth, layout::kFieldHeight)
+      .SetCaption("Look Up...");
   auto& products =
       page.Place<Frame>(kProductFrame, kMargin, kProductTop, kGroupWidth, kProductHeight);
   products.SetCaption("Product Information");
@@ -99,6 +111,7 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
 }
 
 void InfoTab::Wire() {
+  ctx_.Get<Button>(kContactLookup).onClick = [this] { CmdContactLookupClick(); };
   for (const ContactField* field : kShown) {
     auto& box = ctx_.Get<TextBox>(field->box);
     box.onLostFocus = [this, &box, field] {
@@ -107,6 +120,39 @@ void InfoTab::Wire() {
       });
     };
   }
+}
+
+void InfoTab::LookupContact(bool& cancelled, ContactFields& contact) {
+  RunMethod(EditorContext::Proc("LookupContact"), [&] {
+    const auto dialog = CreateContactLookup(ctx_.platform);
+    dialog->ShowDialog();
+    cancelled = dialog->Cancelled();
+    contact.first = dialog->FirstName();
+    contact.last = dialog->LastName();
+    contact.address = dialog->Address();
+    contact.company = dialog->Company();
+    contact.phone = dialog->Phone();
+    contact.email = dialog->Email();
+  });
+}
+
+void InfoTab::CmdContactLookupClick() {
+  RunHandler(EditorContext::Proc("cmdContactLookup_Click"), ctx_.platform, [&] {
+    bool cancelled = true;
+    ContactFields contact;
+    LookupContact(cancelled, contact);
+    if (cancelled) return;
+    const std::pair<const ContactField*, const std::string*> filled[] = {
+        {&kFirstName, &contact.first}, {&kLastName, &contact.last}, {&kAddress, &contact.address},
+        {&kCompany, &contact.company}, {&kPhone, &contact.phone},   {&kEmail, &contact.email}};
+    for (const auto& [field, text] : filled) {
+      ctx_.Get<TextBox>(field->box)
+          .SetText(CharLeft(*text, static_cast<std::size_t>(field->maxLength)));
+    }
+    for (const ContactField* field : kLookupCommitOrder) {
+      IBOInfoSaveContactField(ctx_.Get<TextBox>(field->box), field->property);
+    }
+  });
 }
 
 void InfoTab::InitIBOInfo() {

@@ -29,8 +29,14 @@ class InfoTab : public TabPage {
   void IBOInfoSaveProductValue();
   void IBOInfoSaveContactField(TextBox& box, const std::string& property);
   void SaveIBOInfoTab();
+  // The contact picked in the contact book, as the dialog gives it.
+  struct ContactFields {
+    std::string first, last, address, company, phone, email;
+  };
+  void LookupContact(bool& cancelled, ContactFields& contact);
 
  private:
+  void CmdContactLookupClick();
   IProductView& View() const;
   EditorContext& ctx_;
 };
