@@ -134,7 +134,9 @@ int SeedDemoData(IIboStore& db) {
       entries.push_back({o.table, Encode(o)});
     }
   }
-  return db.AddMissing(entries);
+  const int added = db.AddMissing(entries);
+  db.AddContacts(DemoContacts());
+  return added;
 }
 
 }  // namespace pelkor

@@ -13,7 +13,9 @@ namespace {
 
 // Marks the file as ours in its header ("PELK"), so a foreign database is recognised.
 constexpr int kApplicationId = 0x50454C4B;
-constexpr int kSchemaVersion = 1;
+// Version 2 added the contact book; a version 1 file is brought up to it when opened.
+constexpr int kSchemaVersion = 2;
+constexpr int kFirstSchemaVersion = 1;
 constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
 
 int PragmaInt(SQLite::Database& db, const char* pragma) {
@@ -42,6 +44,29 @@ void CheckIntegrity(SQLite::Database& db, const std::string& refusal) {
   }
 }
 
+void CreateContacts(SQLite::Database& db) {
+  db.exec(
+      "CREATE TABLE contacts (id INTEGER PRIMARY KEY, first_name TEXT NOT NULL,"
+      " last_name TEXT NOT NULL, company TEXT NOT NULL, address TEXT NOT NULL,"
+      " phone TEXT NOT NULL, email TEXT NOT NULL)");
+  // The same person twice is one contact: what tells people apart is their name, company,
+  // e-mail and phone.
+  db.exec(
+      "CREATE UNIQUE INDEX contacts_identity ON contacts"
+      " (first_name, last_name, company, email, phone)");
+}
+
+// A database of the first version gets the contact book, in one transaction.
+void Migrate(SQLite::Database& db, int version) {
+  if (version != kFirstSchemaVersion) return;
+  SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
+  if (PragmaInt(db, "user_version") == kFirstSchemaVersion) {
+    CreateContacts(db);
+    db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  }
+  transaction.commit();
+}
+
 // True when the database is empty and needs its schema.
 bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
   const int applicationId = PragmaInt(db, "application_id");
@@ -54,7 +79,7 @@ bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
     return true;
   }
   if (applicationId != kApplicationId) RaiseDataError(foreign);
-  if (version != kSchemaVersion) {
+  if (version < kFirstSchemaVersion || version > kSchemaVersion) {
     RaiseDataError(refusal + ": it has schema version " + std::to_string(version) +
                    " and this program reads version " + std::to_string(kSchemaVersion) +
                    ". Open it with the version of Pelkor that wrote it, or a newer one.");
@@ -87,6 +112,7 @@ void CreateSchema(SQLite::Database& db) {
   for (const IboTable table : kTables) {
     CreateTable(db, TableSqlName(table));
   }
+  CreateContacts(db);
   db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();
@@ -106,6 +132,7 @@ void PrepareDatabase(SQLite::Database& db, const std::string& path) {
     if (path != kMemoryPath) {
       db.exec("PRAGMA journal_mode = WAL");
     }
+    if (!empty) Migrate(db, PragmaInt(db, "user_version"));
     if (empty) {
       CreateSchema(db);
     }

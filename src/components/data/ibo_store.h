@@ -40,6 +40,18 @@ struct IboEntry {
   pelkedit::Blob data;
 };
 
+// A person in the contact book kept beside the IBOs.
+struct Contact {
+  std::int64_t id = 0;  // 0 until stored
+  std::string first;
+  std::string last;
+  std::string company;
+  std::string address;
+  std::string phone;
+  std::string email;
+  friend bool operator==(const Contact&, const Contact&) = default;
+};
+
 // Where the hosts, the tools and the data-access object keep IBOs: the main and the archive
 // table. Every write is atomic; a record is decoded before anything is written, so a corrupt
 // record is refused without touching storage. Failures are PelkErrors from "PelkData.Ibo"
@@ -62,6 +74,12 @@ class IIboStore {
   virtual int AddMissing(const std::vector<IboEntry>& entries) = 0;
   // Summaries of both tables (or of one), main before archive, each by id.
   virtual std::vector<IboSummary> ListIbos(std::optional<IboTable> only = std::nullopt) = 0;
+
+  // The contact book, by last and first name.
+  virtual std::vector<Contact> ListContacts() = 0;
+  // Adds the contacts the book does not hold yet (the same name, company, e-mail and phone is
+  // the same person), all in one transaction; returns how many were added.
+  virtual int AddContacts(const std::vector<Contact>& contacts) = 0;
 
   // The stored record; a missing row is error 5 naming the id, the table and the store.
   pelkedit::Blob Read(IboTable table, std::int32_t id);

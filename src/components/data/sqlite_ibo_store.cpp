@@ -50,6 +50,8 @@ class SqliteIboStore final : public IIboStore {
   void Update(IboTable table, std::int32_t id, const Blob& data) override;
   int AddMissing(const std::vector<IboEntry>& entries) override;
   std::vector<IboSummary> ListIbos(std::optional<IboTable> only) override;
+  std::vector<Contact> ListContacts() override;
+  int AddContacts(const std::vector<Contact>& contacts) override;
 
  private:
   Row Decode(const Blob& data, IboTable table) const;
@@ -205,6 +207,46 @@ std::vector<IboSummary> SqliteIboStore::ListIbos(std::optional<IboTable> only) {
       }
     }
     return list;
+  });
+}
+
+std::vector<Contact> SqliteIboStore::ListContacts() {
+  std::lock_guard lock(mutex_);
+  return WithSqlErrors("Cannot list the contacts of " + Location(), [&] {
+    std::vector<Contact> list;
+    SQLite::Statement query(*db_,
+                            "SELECT id, first_name, last_name, company, address, phone, email"
+                            " FROM contacts ORDER BY last_name, first_name, id");
+    while (query.executeStep()) {
+      list.push_back({query.getColumn(0).getInt64(), query.getColumn(1).getString(),
+                      query.getColumn(2).getString(), query.getColumn(3).getString(),
+                      query.getColumn(4).getString(), query.getColumn(5).getString(),
+                      query.getColumn(6).getString()});
+    }
+    return list;
+  });
+}
+
+int SqliteIboStore::AddContacts(const std::vector<Contact>& contacts) {
+  std::lock_guard lock(mutex_);
+  return WithSqlErrors("Cannot add contacts to " + Location(), [&] {
+    SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
+    SQLite::Statement insert(*db_,
+                             "INSERT OR IGNORE INTO contacts (first_name, last_name, company,"
+                             " address, phone, email) VALUES (?, ?, ?, ?, ?, ?)");
+    int added = 0;
+    for (const Contact& contact : contacts) {
+      insert.reset();
+      insert.bind(1, contact.first);
+      insert.bind(2, contact.last);
+      insert.bind(3, contact.company);
+      insert.bind(4, contact.address);
+      insert.bind(5, contact.phone);
+      insert.bind(6, contact.email);
+      added += insert.exec();
+    }
+    transaction.commit();
+    return added;
   });
 }
 

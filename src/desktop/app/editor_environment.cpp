@@ -8,6 +8,7 @@
 #include "advisor/rule_engine.h"
 #include "config/ini_config.h"
 #include "config/local_file_system.h"
+#include "contacts/qt_contact_lookup.h"
 #include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
@@ -80,6 +81,8 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
   factory_.Register(pelkedit::kProductViewProgId, [] { return CreateProductListView(); });
   factory_.Register(pelkedit::kConfigProgId, [] { return CreateConfig(); });
   factory_.Register(pelkedit::kFileSystemProgId, [] { return CreateFileSystem(); });
+  factory_.Register(pelkedit::kContactLookupProgId,
+                    [this] { return std::make_shared<QtContactLookup>(dbSource_()); });
 }
 
 std::string DefaultDatabasePath() {

@@ -53,7 +53,10 @@ BinderOptions FormOptions(QtPlatform& platform) {
                            {pelkedit::widget::picPmAdvSqr, picture::kAdvisorSquare},
                            {pelkedit::widget::picPmCmnSqr, picture::kCommonSquare},
                            {pelkedit::widget::picSalesCycle, picture::kSalesCycle},
-                           {pelkedit::widget::picLine, picture::kCycleMarker}};
+                           {pelkedit::widget::picLine, picture::kCycleMarker},
+                           {"picEconLookup", picture::kLookupButton},
+                           {"picTechLookup", picture::kLookupButton},
+                           {"picUserLookup", picture::kLookupButton}};
   // A larger window gives its room to the frames and the advice; Save and Cancel stay in the
   // bottom right corner, the sales-cycle graph at the right edge.
   using namespace stretch;

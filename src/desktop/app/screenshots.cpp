@@ -129,6 +129,11 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
     open();
   };
   shootDialog("start-date-dialog", [&] { window.ChangeStartDate(); });
+  // Cancelled by the photograph: the record is not changed.
+  shootDialog("contact-lookup", [&] {
+    window.Binding()->Run(
+        [&] { component.Widgets().Get<pelkedit::Button>("cmdContactLookup").UserClick(); });
+  });
   if (component.State().expertView) {
     const auto probe = std::find_if(tabs.begin(), tabs.end(),
                                     [](const TabShot& tab) { return tab.phaseX.has_value(); });

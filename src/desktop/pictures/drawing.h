@@ -47,5 +47,6 @@ QPixmap DrawMatrix();
 QPixmap DrawMarkerSquare(int resourceId);
 QPixmap DrawSalesCycle();
 QPixmap DrawCycleMarker();
+QPixmap DrawLookupButton();
 
 }  // namespace pelkor::desktop::drawing

@@ -93,6 +93,8 @@ QPixmap DrawPicture(int id) {
       return drawing::DrawSalesCycle();
     case kCycleMarker:
       return drawing::DrawCycleMarker();
+    case kLookupButton:
+      return drawing::DrawLookupButton();
     default:
       return {};
   }

@@ -17,6 +17,8 @@ inline constexpr int kAdvisorSquare = 203;
 inline constexpr int kCommonSquare = 204;
 inline constexpr int kSalesCycle = 205;
 inline constexpr int kCycleMarker = 206;
+// The "..." button beside a decision maker's name that opens the contact book.
+inline constexpr int kLookupButton = 207;
 }  // namespace picture
 
 // Draws the picture of a resource number; a null pixmap for 0 or an unknown number.

@@ -72,9 +72,9 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   OpenIboStore(newer);
   {
     SQLite::Database db(newer, SQLite::OPEN_READWRITE);
-    db.exec("PRAGMA user_version = 2");
+    db.exec("PRAGMA user_version = 3");
   }
-  ExpectRefused(newer, "it has schema version 2 and this program reads version 1");
+  ExpectRefused(newer, "it has schema version 3 and this program reads version 2");
 
   const std::string gutted = folder.File("gutted.db");
   OpenIboStore(gutted);
@@ -83,6 +83,23 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
     db.exec("DROP TABLE ibo_archive");
   }
   ExpectRefused(gutted, "the archive table is missing");
+}
+
+TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookAndKeepsItsIbos) {
+  TempFolder folder;
+  const std::string old = folder.File("old.db");
+  SeedDemoData(*OpenIboStore(old));
+  {
+    SQLite::Database db(old, SQLite::OPEN_READWRITE);
+    db.exec("DROP TABLE contacts");
+    db.exec("PRAGMA user_version = 1");
+  }
+  const auto store = OpenIboStore(old);
+  EXPECT_FALSE(store->ListIbos().empty());
+  EXPECT_TRUE(store->ListContacts().empty());
+  EXPECT_EQ(store->AddContacts({{0, "Ann", "Lee", "Acme", "", "", "ann@acme.example"}}), 1);
+  SQLite::Database db(old, SQLite::OPEN_READONLY);
+  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 2);
 }
 
 TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {

@@ -47,7 +47,6 @@ const ContactField* const kSaveOrder[] = {&kAddress,   &kCompany,  &kEmail,
 constexpr const char* kContactFrame = "fraContactInfo";
 constexpr const char* kContactLookup = "cmdContactLookup";
 constexpr float kLookupButtonWidth = 84;
-constexpr float kLookupButtonTop = 0;
 constexpr const char* kProductFrame = "fraProductInfo";
 constexpr const char* kProductTooltip =
     "Right click last two columns to specify the information to be displayed in the view.";
@@ -57,16 +56,18 @@ constexpr float kMargin = 10;
 constexpr float kGroupWidth = 580;
 constexpr float kGroupTitle = 20;
 constexpr float kContactTop = 6;
-constexpr float kContactHeight = 116;
+constexpr float kContactHeight = 144;
 constexpr int kContactColumns = 2;
 constexpr float kColumnLeft[kContactColumns] = {10, 296};
 constexpr float kCaptionWidth = 70;
 constexpr float kBoxOffset = 72;
 constexpr float kBoxWidth = 200;
 constexpr float kRowPitch = 30;
-constexpr float kProductTop = 128;
-constexpr float kProductHeight = 202;
+constexpr float kProductTop = 156;
+constexpr float kProductHeight = 174;
 constexpr float kViewInset = 8;
+// Under the fields, at the right: the contact book fills them all.
+constexpr float kLookupButtonTop = kGroupTitle + 3 * kRowPitch;
 
 }  // namespace
 

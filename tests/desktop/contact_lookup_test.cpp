@@ -1,0 +1,92 @@
+// The contact picker: the search ignores letter case and accents over thousands of contacts and
+// sorts by name the same way; typing part of a name and pressing Enter on the IBO Info tab fills
+// the contact; the decision makers' look-ups fill their names.
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStandardItemModel>
+#include <QTableView>
+#include <QtTest>
+
+#include "binding/picture_view.h"
+#include "contacts/contact_filter.h"
+#include "contacts/contact_lookup_dialog.h"
+#include "host_fixture.h"
+
+using namespace host_fixture;
+using pelkor::desktop::ContactFilter;
+using pelkor::desktop::ContactLookupDialog;
+
+namespace {
+
+constexpr int kIboInfoX = 305;
+constexpr int kSalesEnvironmentX = 213;
+
+void PressMainTab(Host& host, int x) {
+  QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                    QPoint(x, 10));
+}
+
+// Types into the look-up dialog once it is open, then presses Enter.
+void PickInNextDialog(const QString& typed) {
+  QTimer::singleShot(0, [typed] {
+    auto* dialog = qobject_cast<ContactLookupDialog*>(QApplication::activeModalWidget());
+    QVERIFY(dialog != nullptr);
+    QTest::keyClicks(dialog->Search(), typed);
+    QTest::keyClick(dialog->Search(), Qt::Key_Return);
+  });
+}
+
+}  // namespace
+
+class ContactLookupTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void theSearchIgnoresCaseAndAccentsAndSortsByName() {
+    QStandardItemModel model(0, 2);
+    const QStringList firsts = {"Zoë", "Jose", "José", "Ana", "Bjorn", "Björn", "chloé"};
+    for (int i = 0; i < 3000; ++i) {
+      model.appendRow({new QStandardItem(firsts[i % firsts.size()] + QString(" Person%1").arg(i)),
+                       new QStandardItem(QString("Firm %1").arg(i % 17))});
+    }
+    ContactFilter filter;
+    filter.setSourceModel(&model);
+    filter.SetQuery("BJÖRN");
+    // 3000 rows over seven first names: 428 Bjorn and 428 Björn.
+    QCOMPARE(filter.rowCount(), 856);
+    // Every word must match: "josé firm" finds Jose and José (429 each), all at a firm.
+    filter.SetQuery("JOSÉ firm");
+    QCOMPARE(filter.rowCount(), 858);
+    filter.SetQuery("josé nobody");
+    QCOMPARE(filter.rowCount(), 0);
+    filter.SetQuery("");
+    filter.sort(0);
+    QVERIFY(filter.index(0, 0).data().toString().startsWith("Ana"));
+    QCOMPARE(pelkor::desktop::SearchForm("Chloé ÁLVAREZ"), QString("chloe alvarez"));
+  }
+
+  void typingPartOfANameAndEnterFillsTheContact() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kIboInfoX);
+    PickInNextDialog("petrov");
+    QTest::mouseClick(host.Qt<QPushButton>("cmdContactLookup"), Qt::LeftButton);
+    QCOMPARE(host.Qt<QLineEdit>("txtConFirstName")->text(), QString("Nadia"));
+    QCOMPARE(host.Rec().Get("ContactLastName").AsString(), std::string("Petrova"));
+    QCOMPARE(host.Rec().Get("ContactEmail").AsString(),
+             std::string("nadia.petrova@harborfreightlogistics.example"));
+    QVERIFY(host.window->Component()->IboChanged());
+  }
+
+  void theDecisionMakersLookUpFillsTheName() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kSalesEnvironmentX);
+    PickInNextDialog("zoe brann");
+    QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picUserLookup"), Qt::LeftButton);
+    QCOMPARE(host.Rec().Get("DmUserName").AsString(), std::string("Zoë Brännström"));
+  }
+};
+
+QTEST_MAIN(ContactLookupTest)
+#include "contact_lookup_test.moc"
