@@ -1,5 +1,6 @@
-# Runs pelkor-db seed (twice) and list on a new file, and list on a file that is not a database.
-# Variables: TOOL (the executable), WORK (a scratch folder).
+# Runs pelkor-db seed (twice) and list on a new file, list on a file that is not a database, and
+# import-contacts.
+# Variables: TOOL (the executable), WORK (a scratch folder), SAMPLES (the contact exports).
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")
 set(db "${WORK}/demo.db")
@@ -42,3 +43,12 @@ expect_match("${err}" "missing.db' does not exist")
 if(EXISTS "${WORK}/missing.db")
   message(FATAL_ERROR "list created a database")
 endif()
+
+# Contacts from an address book's export: the skipped ones by line, nobody twice.
+# Two of the three are demo people already in the book.
+run(0 import-contacts "${db}" "${SAMPLES}/sample.csv")
+expect_match("${out}" "Imported 1 new contact .*2 already in the book, 2 skipped")
+expect_match("${err}" "sample.csv:5: skipped: a contact without a name")
+run(0 import-contacts "${db}" "${SAMPLES}/sample.csv")
+expect_match("${out}" "Imported 0 new contacts .*3 already in the book, 2 skipped")
+run(1 import-contacts "${WORK}/missing.db" "${SAMPLES}/sample.csv")

@@ -1,4 +1,4 @@
-// pelkor-db: create and seed an IBO database, and list what it holds.
+// pelkor-db: create and seed an IBO database, list what it holds, import contacts.
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "data/contact_import.h"
 #include "data/demo_seed.h"
 #include "data/ibo_store.h"
 #include "record/ibo_properties.h"
@@ -23,12 +24,29 @@ void Seed(const std::string& path) {
             << " added, " << total << " in the database.\n";
 }
 
-void List(const std::string& path) {
-  // Listing never creates: a mistyped name should not leave an empty database behind.
-  if (!std::filesystem::exists(path)) {
-    throw pelkedit::PelkError(pelkedit::errnum::kInvalidProcedureCall, pelkor::kDataErrorSource,
-                              "The IBO database '" + path + "' does not exist.");
+// Listing and importing never create: a mistyped name should not leave an empty database.
+void RequireExisting(const std::string& path) {
+  if (std::filesystem::exists(path)) return;
+  throw pelkedit::PelkError(pelkedit::errnum::kInvalidProcedureCall, pelkor::kDataErrorSource,
+                            "The IBO database '" + path + "' does not exist.");
+}
+
+void ImportContacts(const std::string& path, const std::string& file) {
+  RequireExisting(path);
+  const auto db = pelkor::OpenIboStore(path);
+  const pelkor::ContactImport read = pelkor::ReadContactFile(file);
+  for (const pelkor::ImportProblem& problem : read.skipped) {
+    std::cerr << file << ":" << problem.line << ": skipped: " << problem.why << "\n";
   }
+  // One transaction: all of the readable contacts, or none.
+  const int added = db->AddContacts(read.contacts);
+  std::cout << "Imported " << added << " new contact" << (added == 1 ? "" : "s") << " from '"
+            << file << "' (" << read.contacts.size() - static_cast<std::size_t>(added)
+            << " already in the book, " << read.skipped.size() << " skipped).\n";
+}
+
+void List(const std::string& path) {
+  RequireExisting(path);
   const auto db = pelkor::OpenIboStore(path);
   const auto record = pelkor::CreateIboProperties();  // for the status texts
   const auto ibos = db->ListIbos();
@@ -59,11 +77,21 @@ int main(int argc, char** argv) {
                                       "List every IBO: id, table, number, company, "
                                       "status, mode.");
   list->add_option("FILE", path, "Database file")->required();
+  std::string contacts;
+  CLI::App* import = app.add_subcommand(
+      "import-contacts",
+      "Add the contacts of a vCard (.vcf) or CSV export to the contact book; entries that "
+      "cannot be read are reported with their line and skipped, people already there are not "
+      "added again.");
+  import->add_option("FILE", path, "Database file")->required();
+  import->add_option("CONTACTS", contacts, "vCard or CSV file")->required();
 
   CLI11_PARSE(app, argc, argv);
   try {
     if (seed->parsed()) {
       Seed(path);
+    } else if (import->parsed()) {
+      ImportContacts(path, contacts);
     } else {
       List(path);
     }
