@@ -1,4 +1,4 @@
-#include <set>
+#include <map>
 #include <utility>
 
 #include "data/data_error.h"
@@ -16,27 +16,31 @@ class IboDataAccess final : public pelkedit::IDataAccess {
 
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override {
     const IboTable table = TableForProcedure(procName);
-    pelkedit::Blob data = source_()->Read(table, iboId);
-    read_.insert({table, iboId});
-    return data;
+    const std::shared_ptr<IIboStore> store = source_();
+    VersionedIbo found = store->ReadVersioned(table, iboId);
+    read_[{table, iboId}] = found.version;
+    return std::move(found.data);
   }
 
   void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override {
     const IboTable table = TableForProcedure(procName);
     const std::shared_ptr<IIboStore> store = source_();
     const std::int32_t id = RecordIdOf(data);
-    if (read_.count({table, id}) == 0) {
+    const auto read = read_.find({table, id});
+    if (read == read_.end()) {
       data_detail::RaiseDataError(
           "IBO " + std::to_string(id) + " was not opened from the " + IboTableName(table) +
           " table of " + store->Location() +
           ", so it is not saved there: nothing was written. Open an IBO before saving it.");
     }
-    store->Update(table, id, data);
+    // A row saved by someone else since it was read is refused, so no edit is lost silently.
+    read->second = store->Update(table, id, data, read->second);
   }
 
  private:
   DatabaseSource source_;
-  std::set<std::pair<IboTable, std::int32_t>> read_;
+  // The rows read, with the version each had when it was read or last saved from here.
+  std::map<std::pair<IboTable, std::int32_t>, std::int64_t> read_;
 };
 
 }  // namespace

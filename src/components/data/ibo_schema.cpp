@@ -13,8 +13,10 @@ namespace {
 
 // Marks the file as ours in its header ("PELK"), so a foreign database is recognised.
 constexpr int kApplicationId = 0x50454C4B;
-// Version 2 added the contact book; a version 1 file is brought up to it when opened.
-constexpr int kSchemaVersion = 2;
+// Version 2 added the contact book, version 3 a version per IBO row (so that a save can tell
+// whether someone else saved since); older files are brought up to date when opened.
+constexpr int kSchemaVersion = 3;
+constexpr int kContactsVersion = 2;
 constexpr int kFirstSchemaVersion = 1;
 constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
 
@@ -56,14 +58,20 @@ void CreateContacts(SQLite::Database& db) {
       " (first_name, last_name, company, email, phone)");
 }
 
-// A database of the first version gets the contact book, in one transaction.
+// An older database gets what later versions added, in one transaction.
 void Migrate(SQLite::Database& db, int version) {
-  if (version != kFirstSchemaVersion) return;
+  if (version == kSchemaVersion) return;
   SQLite::Transaction transaction(db, SQLite::TransactionBehavior::IMMEDIATE);
-  if (PragmaInt(db, "user_version") == kFirstSchemaVersion) {
-    CreateContacts(db);
-    db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  // Another program may have migrated it between our check and our lock.
+  const int now = PragmaInt(db, "user_version");
+  if (now < kContactsVersion) CreateContacts(db);
+  if (now < kSchemaVersion) {
+    for (const IboTable table : kTables) {
+      db.exec(std::string("ALTER TABLE ") + TableSqlName(table) +
+              " ADD COLUMN version INTEGER NOT NULL DEFAULT 0");
+    }
   }
+  db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();
 }
 
@@ -97,7 +105,8 @@ bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
 void CreateTable(SQLite::Database& db, const std::string& name) {
   db.exec("CREATE TABLE " + name +
           " (id INTEGER PRIMARY KEY, ibo_number INTEGER NOT NULL, company TEXT NOT NULL,"
-          " status INTEGER NOT NULL, expert INTEGER NOT NULL, data BLOB NOT NULL)");
+          " status INTEGER NOT NULL, expert INTEGER NOT NULL, data BLOB NOT NULL,"
+          " version INTEGER NOT NULL DEFAULT 0)");
   for (const char* column : {"ibo_number", "company", "status", "expert"}) {
     db.exec("CREATE INDEX " + name + "_" + column + " ON " + name + " (" + column + ")");
   }

@@ -30,23 +30,27 @@ std::int32_t RecordIdOf(const pelkedit::Blob& data) {
   return record->Get("IboId").AsLong();
 }
 
-pelkedit::Blob IIboStore::Read(IboTable table, std::int32_t id) {
-  std::optional<pelkedit::Blob> data = Find(table, id);
+VersionedIbo IIboStore::ReadVersioned(IboTable table, std::int32_t id) {
+  std::optional<VersionedIbo> found = FindVersioned(table, id);
   const std::string where =
       "IBO " + std::to_string(id) + " in the " + IboTableName(table) + " table of " + Location();
-  if (!data) {
+  if (!found) {
     RaiseDataError("IBO " + std::to_string(id) + " was not found in the " + IboTableName(table) +
                    " table of " + Location() +
                    ". Check the IBO number, or open the database that holds it.");
   }
   // A stored record that cannot be decoded is named here, where its IBO and file are known.
   try {
-    CreateIboProperties()->SetIboData(*data);
+    CreateIboProperties()->SetIboData(found->data);
   } catch (const pelkedit::PelkError& error) {
     RaiseDataError(where + " is damaged and cannot be opened: " + error.Description() +
                    ". Restore the database from a backup.");
   }
-  return std::move(*data);
+  return std::move(*found);
+}
+
+pelkedit::Blob IIboStore::Read(IboTable table, std::int32_t id) {
+  return ReadVersioned(table, id).data;
 }
 
 }  // namespace pelkor

@@ -40,6 +40,12 @@ struct IboEntry {
   pelkedit::Blob data;
 };
 
+// A stored record and the version of the row it was read from.
+struct VersionedIbo {
+  pelkedit::Blob data;
+  std::int64_t version = 0;
+};
+
 // A person in the contact book kept beside the IBOs.
 struct Contact {
   std::int64_t id = 0;  // 0 until stored
@@ -66,9 +72,15 @@ class IIboStore {
   virtual std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id) = 0;
   // Inserts or replaces the row whose id the record carries (tools and set-up).
   virtual void Write(IboTable table, const pelkedit::Blob& data) = 0;
+  // The stored record and the version of its row, read together; every write of a row gives it
+  // a new version.
+  virtual std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) = 0;
   // Replaces the row `id` with a record that must carry that id; a row that is not there is
-  // refused and nothing is written (an editor never creates a record by saving).
-  virtual void Update(IboTable table, std::int32_t id, const pelkedit::Blob& data) = 0;
+  // refused and nothing is written (an editor never creates a record by saving). With
+  // `expected`, a row whose version is no longer that one was changed by someone else since it
+  // was read: the save is refused and nothing is written. Returns the row's new version.
+  virtual std::int64_t Update(IboTable table, std::int32_t id, const pelkedit::Blob& data,
+                              std::optional<std::int64_t> expected = std::nullopt) = 0;
   // Adds each record whose id its table does not hold yet, all in one transaction; rows that
   // exist are left as they are. Returns how many rows were added.
   virtual int AddMissing(const std::vector<IboEntry>& entries) = 0;
@@ -83,6 +95,8 @@ class IIboStore {
 
   // The stored record; a missing row is error 5 naming the id, the table and the store.
   pelkedit::Blob Read(IboTable table, std::int32_t id);
+  // The same with the row's version; a record that cannot be decoded is error 5 too.
+  VersionedIbo ReadVersioned(IboTable table, std::int32_t id);
 };
 
 // The id a record in storage form carries; error 5 when the bytes are not a valid record.

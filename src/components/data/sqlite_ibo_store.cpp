@@ -47,7 +47,9 @@ class SqliteIboStore final : public IIboStore {
   std::string Location() const override { return DescribeLocation(path_); }
   std::optional<Blob> Find(IboTable table, std::int32_t id) override;
   void Write(IboTable table, const Blob& data) override;
-  void Update(IboTable table, std::int32_t id, const Blob& data) override;
+  std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
+  std::int64_t Update(IboTable table, std::int32_t id, const Blob& data,
+                      std::optional<std::int64_t> expected) override;
   int AddMissing(const std::vector<IboEntry>& entries) override;
   std::vector<IboSummary> ListIbos(std::optional<IboTable> only) override;
   std::vector<Contact> ListContacts() override;
@@ -93,6 +95,20 @@ std::optional<Blob> SqliteIboStore::Find(IboTable table, std::int32_t id) {
   });
 }
 
+std::optional<VersionedIbo> SqliteIboStore::FindVersioned(IboTable table, std::int32_t id) {
+  std::lock_guard lock(mutex_);
+  const std::string action = "Cannot read " + Where(id, "from", table) + " of " + Location();
+  return WithSqlErrors(action, [&]() -> std::optional<VersionedIbo> {
+    SQLite::Statement query(
+        *db_, std::string("SELECT data, version FROM ") + TableSqlName(table) + " WHERE id = ?");
+    query.bind(1, id);
+    if (!query.executeStep()) return std::nullopt;
+    const SQLite::Column column = query.getColumn(0);
+    const auto* bytes = static_cast<const std::uint8_t*>(column.getBlob());
+    return VersionedIbo{Blob(bytes, bytes + column.getBytes()), query.getColumn(1).getInt64()};
+  });
+}
+
 Row SqliteIboStore::Decode(const Blob& data, IboTable table) const {
   const auto record = CreateIboProperties();
   try {
@@ -118,7 +134,8 @@ int SqliteIboStore::Upsert(const Row& row, bool replace) {
   const char* onConflict = replace
                                ? " ON CONFLICT(id) DO UPDATE SET ibo_number = excluded.ibo_number,"
                                  " company = excluded.company, status = excluded.status,"
-                                 " expert = excluded.expert, data = excluded.data"
+                                 " expert = excluded.expert, data = excluded.data,"
+                                 " version = version + 1"
                                : " ON CONFLICT(id) DO NOTHING";
   SQLite::Statement insert(
       *db_, "INSERT INTO " + table +
@@ -143,7 +160,8 @@ void SqliteIboStore::Write(IboTable table, const Blob& data) {
   });
 }
 
-void SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob& data) {
+std::int64_t SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob& data,
+                                    std::optional<std::int64_t> expected) {
   const Row row = Decode(data, table);
   const std::string refusal = "Cannot save " + Where(id, "to", table) + " of " + Location();
   if (row.id != id) {
@@ -151,23 +169,36 @@ void SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob& data) {
                    ", so nothing was written. Reopen the IBO and make the changes again.");
   }
   std::lock_guard lock(mutex_);
-  WithSqlErrors(refusal, [&] {
+  return WithSqlErrors(refusal, [&] {
     SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
+    SQLite::Statement current(
+        *db_, std::string("SELECT version FROM ") + TableSqlName(table) + " WHERE id = ?");
+    current.bind(1, id);
+    if (!current.executeStep()) {
+      RaiseDataError(refusal +
+                     ": the IBO is no longer there (it was deleted or moved), so "
+                     "nothing was written. Copy what you need from the editor before closing it.");
+    }
+    const std::int64_t version = current.getColumn(0).getInt64();
+    if (expected && *expected != version) {
+      RaiseDataError("IBO " + std::to_string(id) +
+                     " was changed by someone else since you opened it. Your changes are still "
+                     "here; nothing was written. Note what you changed, close the IBO without "
+                     "saving, open it again and make your changes on the newer record.");
+    }
     SQLite::Statement update(*db_, std::string("UPDATE ") + TableSqlName(table) +
                                        " SET ibo_number = ?, company = ?, status = ?, expert = ?,"
-                                       " data = ? WHERE id = ?");
+                                       " data = ?, version = ? WHERE id = ?");
     update.bind(1, row.iboNumber);
     update.bind(2, row.company);
     update.bind(3, row.status);
     update.bind(4, row.expert ? 1 : 0);
     update.bind(5, row.data->data(), static_cast<int>(row.data->size()));
-    update.bind(6, id);
-    if (update.exec() == 0) {
-      RaiseDataError(refusal +
-                     ": the IBO is no longer there (it was deleted or moved), so "
-                     "nothing was written. Copy what you need from the editor before closing it.");
-    }
+    update.bind(6, version + 1);
+    update.bind(7, id);
+    update.exec();
     transaction.commit();
+    return version + 1;
   });
 }
 

@@ -72,9 +72,9 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   OpenIboStore(newer);
   {
     SQLite::Database db(newer, SQLite::OPEN_READWRITE);
-    db.exec("PRAGMA user_version = 3");
+    db.exec("PRAGMA user_version = 4");
   }
-  ExpectRefused(newer, "it has schema version 3 and this program reads version 2");
+  ExpectRefused(newer, "it has schema version 4 and this program reads version 3");
 
   const std::string gutted = folder.File("gutted.db");
   OpenIboStore(gutted);
@@ -92,6 +92,9 @@ TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookAndKeepsItsIbos) {
   {
     SQLite::Database db(old, SQLite::OPEN_READWRITE);
     db.exec("DROP TABLE contacts");
+    for (const char* table : {"ibo_main", "ibo_archive"}) {
+      db.exec(std::string("ALTER TABLE ") + table + " DROP COLUMN version");
+    }
     db.exec("PRAGMA user_version = 1");
   }
   const auto store = OpenIboStore(old);
@@ -99,7 +102,7 @@ TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookAndKeepsItsIbos) {
   EXPECT_TRUE(store->ListContacts().empty());
   EXPECT_EQ(store->AddContacts({{0, "Ann", "Lee", "Acme", "", "", "ann@acme.example"}}), 1);
   SQLite::Database db(old, SQLite::OPEN_READONLY);
-  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 2);
+  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 3);
 }
 
 TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {
