@@ -144,7 +144,7 @@ void Session::Ibo(const Words& w) {
 
 void Session::File(const Words& w) {
   RequireWords(w, 2, 2, "file PATH");
-  const std::string name = world_.Unmasked(w[1].Quoted() ? DecodeString(w[1].raw) : w[1].raw);
+  const std::string name = world_.log.Unmasked(w[1].Quoted() ? DecodeString(w[1].raw) : w[1].raw);
   std::filesystem::path path(name);
   if (path.is_relative()) path = world_.TempDir() / path;
   std::error_code ec;
@@ -156,7 +156,7 @@ void Session::File(const Words& w) {
 void Session::Config(const Words& w) {
   RequireWords(w, 3, 3, "config KEY VALUE");
   const std::string value = w[2].Quoted() ? DecodeString(w[2].raw) : w[2].raw;
-  (*world_.config)[Bare(w[1])] = world_.Unmasked(value);
+  (*world_.config)[Bare(w[1])] = world_.log.Unmasked(value);
 }
 
 }  // namespace pelkscript

@@ -90,15 +90,6 @@ void World::RegisterComponents(const std::string& traceLogPath) {
   });
 }
 
-std::string World::Unmasked(std::string text) const {
-  const std::string mark = "$TMP";
-  for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at)) {
-    text.replace(at, mark.size(), tempDir_.string());
-    at += tempDir_.string().size();
-  }
-  return text;
-}
-
 void World::UseRuleEngine(bool rules) {
   RegisterAdvisor(rules);
 }

@@ -64,8 +64,6 @@ class World {
   std::shared_ptr<ScriptedConfig::Values> config = std::make_shared<ScriptedConfig::Values>();
   // The contacts the user picks in the next look-up dialogs (`lookup`).
   std::shared_ptr<std::deque<LookupAnswer>> lookups = std::make_shared<std::deque<LookupAnswer>>();
-  // A path or value as a scenario writes it: $TMP stands for the run's own temporary folder.
-  std::string Unmasked(std::string text) const;
   // Which engine new advisor engines are: the scripted one, or the rule engine on the installed
   // rule file with the scenario's clock.
   void UseRuleEngine(bool rules);

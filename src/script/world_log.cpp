@@ -8,15 +8,23 @@ constexpr const char* kTempMark = "$TMP";
 std::string Key(const std::string& object, const std::string& operation) {
   return object + "." + operation;
 }
+
+std::string ReplaceAll(std::string text, const std::string& from, const std::string& to) {
+  if (from.empty()) return text;
+  for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size())) {
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string WorldLog::Masked(std::string text) const {
-  if (tempDir_.empty()) return text;
-  for (auto at = text.find(tempDir_); at != std::string::npos; at = text.find(tempDir_, at)) {
-    text.replace(at, tempDir_.size(), kTempMark);
-    at += std::string(kTempMark).size();
-  }
-  return text;
+  return ReplaceAll(std::move(text), tempDir_, kTempMark);
+}
+
+std::string WorldLog::Unmasked(std::string text) const {
+  return ReplaceAll(std::move(text), kTempMark, tempDir_);
 }
 
 void WorldLog::PrintAndClear(Kind kind, std::ostream& out) {

@@ -17,6 +17,8 @@ class WorldLog {
   // The run's own temporary folder, printed as $TMP wherever it appears.
   void SetTempDir(std::string dir) { tempDir_ = std::move(dir); }
   std::string Masked(std::string text) const;
+  // A path or value as a scenario writes it: $TMP stands for that folder.
+  std::string Unmasked(std::string text) const;
   const std::vector<std::string>& Lines(Kind kind) { return logs_[kind]; }
   void PrintAndClear(Kind kind, std::ostream& out);
   void ClearAll() { logs_.clear(); }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <unordered_map>
 
+#include "control/editor_events.h"
 #include "values/date.h"
 #include "values/error.h"
 
@@ -78,7 +79,6 @@ constexpr std::array kNames{
 // status at open, which keeps a fresh engine's answers in range.
 constexpr std::int32_t kUnanswered = -1;
 constexpr std::int32_t kMedium = 1;
-constexpr std::int32_t kStatusOpen = 1;
 // The date widgets' "no date": 1 January 1904.
 constexpr int kNoDateYear = 1904;
 
@@ -125,7 +125,7 @@ pelkedit::Variant ConvertForName(const AdvisorName& name, const pelkedit::Varian
 
 pelkedit::Variant DefaultFactValue(const AdvisorName& fact) {
   if (fact.name == "WIH" || fact.name == "WWGI") return kMedium;
-  if (fact.name == "Status") return kStatusOpen;
+  if (fact.name == "Status") return std::int32_t{pelkedit::eEditStatusOpen};
   switch (fact.type) {
     case VariantType::kBoolean:
       return false;

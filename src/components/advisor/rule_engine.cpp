@@ -1,9 +1,8 @@
 #include "advisor/rule_engine.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
-#include <set>
+#include <utility>
 
 #include "advisor/advisor_names.h"
 #include "advisor/sales_cycle.h"
@@ -22,9 +21,34 @@ constexpr const char* kRatingWih = "advisor_wih";
 constexpr const char* kRatingWwgi = "advisor_wwgi";
 constexpr const char* kRatingScore = "score";
 
-// Values the engine works out before the ratings.
-const char* const kTimeValues[] = {"position", "dated", "late", "days_passed", "days_left",
-                                   "open",     "won",   "lost", "cancelled"};
+// What the engine works out before the ratings, by the names the rules use.
+std::vector<std::pair<const char*, double>> PlaceValues(const CyclePlace& place, int status) {
+  const auto flag = [](bool on) { return on ? 1.0 : 0.0; };
+  return {{"position", place.position},
+          {"dated", flag(place.dated)},
+          {"late", flag(place.late)},
+          {"days_passed", place.daysPassed},
+          {"days_left", place.daysLeft},
+          {"won", flag(status == pelkedit::eEditStatusWon)},
+          {"lost", flag(status == pelkedit::eEditStatusLost)},
+          {"cancelled", flag(status == pelkedit::eEditStatusCancelled)},
+          {"open",
+           flag(status == pelkedit::eEditStatusOpen || status == pelkedit::eEditStatusUnknown)}};
+}
+
+// The verdict of a closed deal is its outcome's; an open one's follows its priority.
+std::string VerdictKey(int status, std::int32_t priority) {
+  switch (status) {
+    case pelkedit::eEditStatusWon:
+      return "won";
+    case pelkedit::eEditStatusLost:
+      return "lost";
+    case pelkedit::eEditStatusCancelled:
+      return "cancelled";
+    default:
+      return std::to_string(priority);
+  }
+}
 
 double NumberOf(const Variant& value) {
   switch (value.Type()) {
@@ -67,7 +91,9 @@ const std::vector<std::string>& RuleEngine::Inputs() {
         names.emplace_back(entry.name);
       }
     }
-    for (const char* name : kTimeValues) names.emplace_back(name);
+    for (const auto& [name, value] : PlaceValues({}, pelkedit::eEditStatusUnknown)) {
+      names.emplace_back(name);
+    }
     return names;
   }();
   return inputs;
@@ -81,8 +107,8 @@ RuleEngine::RuleEngine(const std::string& path, Clock today)
   const auto& values = program_->Values();
   for (const char* required : {kRatingWih, kRatingWwgi, kRatingScore}) {
     if (values.count(required) == 0) {
-      throw RuleFileError("Advisor rule file \"" + path + "\", section [ratings]: the rating \"" +
-                          required + "\" is missing");
+      throw RuleFileError(path, "section [ratings]",
+                          std::string("the rating \"") + required + "\" is missing");
     }
   }
   // A fresh engine answers for its default facts, and a rule that cannot be evaluated shows
@@ -123,15 +149,7 @@ void RuleEngine::LoadFacts() {
   const CyclePlace place = PlaceInCycle(status, FactOf(facts_, "StartDate").AsDate(),
                                         FactOf(facts_, "WwihDate").AsDate(),
                                         FactOf(facts_, "CloseDate").AsDate(), today_());
-  values["position"] = place.position;
-  values["dated"] = place.dated ? 1 : 0;
-  values["late"] = place.late ? 1 : 0;
-  values["days_passed"] = place.daysPassed;
-  values["days_left"] = place.daysLeft;
-  values["won"] = status == kStatusWon ? 1 : 0;
-  values["lost"] = status == kStatusLost ? 1 : 0;
-  values["cancelled"] = status == kStatusCancelled ? 1 : 0;
-  values["open"] = status == kStatusOpen || status == kStatusUnknown ? 1 : 0;
+  for (const auto& [name, value] : PlaceValues(place, status)) values[name] = value;
   results_["SalesCyclePosition"] = place.position;
   results_["SalesCycleLine1"] = place.line1;
   results_["SalesCycleLine2"] = place.line2;
@@ -140,29 +158,42 @@ void RuleEngine::LoadFacts() {
 void RuleEngine::Evaluate() {
   LoadFacts();
   const std::vector<bool> holding = program_->Run();
-  values_ = program_->Values();
   WorkOutResults();
   ComposeAdvice(holding);
 }
 
 void RuleEngine::WorkOutResults() {
   const RuleSet& rules = program_->Rules();
-  const int wih = Clamp(values_[kRatingWih], kHighestRating);
-  const int wwgi = Clamp(values_[kRatingWwgi], kHighestRating);
+  std::map<std::string, double>& values = program_->Values();
+  const int wih = Clamp(values[kRatingWih], kHighestRating);
+  const int wwgi = Clamp(values[kRatingWwgi], kHighestRating);
   const auto priority = [&](int row, int column) {
     return rules.priority[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   };
   results_["AdvisorWih"] = std::int32_t{wih};
   results_["AdvisorWwgi"] = std::int32_t{wwgi};
-  results_["AdvisorExtraResult"] = std::int32_t{Clamp(values_[kRatingScore], kHighestScore)};
+  results_["AdvisorExtraResult"] = std::int32_t{Clamp(values[kRatingScore], kHighestScore)};
   results_["UserPriority"] = std::int32_t{
-      priority(Clamp(values_["WIH"], kHighestRating), Clamp(values_["WWGI"], kHighestRating))};
+      priority(Clamp(values["WIH"], kHighestRating), Clamp(values["WWGI"], kHighestRating))};
   results_["AdvisorPriority"] =
-      std::int32_t{values_["open"] != 0 ? priority(wih, wwgi) : rules.closedPriority};
+      std::int32_t{values["open"] != 0 ? priority(wih, wwgi) : rules.closedPriority};
 }
 
 void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
   const RuleSet& rules = program_->Rules();
+  std::map<std::string, double>& values = program_->Values();
+  const std::string verdict = rules.Verdict(
+      VerdictKey(static_cast<int>(values["Status"]), results_["AdvisorPriority"].AsLong()));
+  results_["ExpertAdviceTitle"] = verdict;
+  results_["BasicAdviceTitle"] = verdict;
+  // A closed deal has its verdict and nothing left to do.
+  if (values["open"] == 0) {
+    for (const char* text :
+         {"ExpertAdviceAlert", "ExpertAdviceHeading", "ExpertAdviceBody", "BasicAdviceBody"}) {
+      results_[text] = std::string();
+    }
+    return;
+  }
   std::vector<const AdviceRule*> holding;
   for (std::size_t i = 0; i < holds.size(); ++i) {
     if (holds[i]) holding.push_back(&rules.rules[i]);
@@ -179,13 +210,6 @@ void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
       actions.push_back("*" + rule->text);
     if (rule->kind == RuleKind::kBasic) basic.push_back(rule->text);
   }
-  const int status = static_cast<int>(values_["Status"]);
-  std::string verdict = rules.Verdict(std::to_string(results_["AdvisorPriority"].AsLong()));
-  if (status == kStatusWon) verdict = rules.Verdict("won");
-  if (status == kStatusLost) verdict = rules.Verdict("lost");
-  if (status == kStatusCancelled) verdict = rules.Verdict("cancelled");
-  results_["ExpertAdviceTitle"] = verdict;
-  results_["BasicAdviceTitle"] = verdict;
   results_["ExpertAdviceAlert"] = alert;
   if (actions.empty()) {
     results_["ExpertAdviceHeading"] = rules.Text("heading_none");
@@ -196,24 +220,10 @@ void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
     results_["ExpertAdviceBody"] = Join(actions);
   }
   results_["BasicAdviceBody"] = basic.empty() ? rules.Text("body_none") : Join(basic);
-  // A closed deal has its verdict and nothing left to do.
-  if (values_["open"] == 0) {
-    for (const char* text : {"ExpertAdviceAlert", "ExpertAdviceHeading", "ExpertAdviceBody",
-                             "BasicAdviceBody"}) {
-      results_[text] = std::string();
-    }
-  }
 }
 
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today) {
   return std::make_shared<RuleEngine>(path, std::move(today));
-}
-
-void RegisterRuleAdvisor(pelkedit::ObjectFactory& factory, std::string path,
-                         RuleEngine::Clock today) {
-  const auto create = [path, today] { return CreateRuleEngine(path, today); };
-  factory.Register(pelkedit::kAdvisorProgId, create);
-  factory.Register(pelkedit::kAdvisorProgIdAtCreate, create);
 }
 
 }  // namespace pelkor

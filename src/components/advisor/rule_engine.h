@@ -9,7 +9,6 @@
 #include "advisor/rule_file.h"
 #include "advisor/rule_program.h"
 #include "contracts/advisor.h"
-#include "platform/object_factory.h"
 #include "values/date.h"
 #include "values/variant.h"
 
@@ -43,14 +42,10 @@ class RuleEngine : public pelkedit::IAdvisor {
   Clock today_;
   std::vector<pelkedit::Variant> facts_;
   std::map<std::string, pelkedit::Variant> results_;
-  // The ratings this engine's last evaluation worked out.
-  std::map<std::string, double> values_;
 };
 
-// Creates rule engines over the rule file at `path`, loaded and checked for each engine, with
-// `today` as their clock; registered under both of the advisor's programmatic identifiers.
-void RegisterRuleAdvisor(pelkedit::ObjectFactory& factory, std::string path,
-                         RuleEngine::Clock today);
+// A rule engine over the rule file at `path` (loaded and checked, or shared while unchanged)
+// with `today` as its clock; RuleFileError when the file cannot be used.
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today);
 
 }  // namespace pelkor

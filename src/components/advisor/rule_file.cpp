@@ -34,7 +34,7 @@ struct Reading {
 };
 
 [[noreturn]] void Fail(const std::string& path, const std::string& where, const std::string& why) {
-  throw RuleFileError("Advisor rule file \"" + path + "\", " + where + ": " + why);
+  throw RuleFileError(path, where, why);
 }
 
 int PriorityValue(const std::string& word, const std::string& path, const std::string& where) {

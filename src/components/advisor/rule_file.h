@@ -13,6 +13,9 @@ namespace pelkor {
 class RuleFileError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
+  // "Advisor rule file "PATH", WHERE: WHY"
+  RuleFileError(const std::string& path, const std::string& where, const std::string& why)
+      : std::runtime_error("Advisor rule file \"" + path + "\", " + where + ": " + why) {}
 };
 
 // A value worked out from the facts and the values before it.

@@ -46,7 +46,7 @@ std::vector<std::string> NamesIn(const std::string& expression) {
 }
 
 [[noreturn]] void Fail(const RuleSet& rules, const std::string& where, const std::string& why) {
-  throw RuleFileError("Advisor rule file \"" + rules.path + "\", " + where + ": " + why);
+  throw RuleFileError(rules.path, where, why);
 }
 
 }  // namespace

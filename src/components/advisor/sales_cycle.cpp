@@ -27,7 +27,8 @@ const char* PhaseOf(double position) {
 }
 
 bool Closed(int status) {
-  return status == kStatusWon || status == kStatusLost || status == kStatusCancelled;
+  return status == pelkedit::eEditStatusWon || status == pelkedit::eEditStatusLost ||
+         status == pelkedit::eEditStatusCancelled;
 }
 
 // The record's "no date" (1904-01-01) and anything before the start give no close day.
@@ -49,12 +50,12 @@ CyclePlace PlaceInCycle(int status, pelkedit::Date start, pelkedit::Date expecte
   place.daysPassed = std::max(0, untilDay - startDay);
   place.daysLeft = expectedDay - untilDay;
   if (place.dated) place.position = std::max(0.0, double(untilDay - startDay) / length);
-  if (status == kStatusWon) {
+  if (status == pelkedit::eEditStatusWon) {
     place.position = 1;
     place.line1 = "Won";
-  } else if (status == kStatusLost || status == kStatusCancelled) {
+  } else if (status == pelkedit::eEditStatusLost || status == pelkedit::eEditStatusCancelled) {
     place.position = std::min(place.position, 1.0);
-    place.line1 = status == kStatusLost ? "Lost" : "Cancelled";
+    place.line1 = status == pelkedit::eEditStatusLost ? "Lost" : "Cancelled";
   }
   if (Closed(status)) {
     place.line2 = RealClose(closed, start)

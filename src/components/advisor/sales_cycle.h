@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "control/editor_events.h"
 #include "values/date.h"
 
 namespace pelkor {
@@ -23,13 +24,7 @@ struct CyclePlace {
   std::string line2;
 };
 
-// Status codes of the record.
-inline constexpr int kStatusUnknown = 0;
-inline constexpr int kStatusOpen = 1;
-inline constexpr int kStatusWon = 2;
-inline constexpr int kStatusLost = 3;
-inline constexpr int kStatusCancelled = 4;
-
+// `status` is an EditIBOStatusEnum code.
 CyclePlace PlaceInCycle(int status, pelkedit::Date start, pelkedit::Date expected,
                         pelkedit::Date closed, pelkedit::Date today);
 

@@ -85,12 +85,6 @@ std::vector<Row> ParseRows(std::string_view text) {
   return std::move(reader.rows);
 }
 
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(" \t\r\n");
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
-}
-
 }  // namespace
 
 ContactImport ReadCsvContacts(std::string_view text) {

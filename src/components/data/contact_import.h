@@ -31,5 +31,7 @@ ContactImport ReadContactFile(const std::string& path);
 
 // The text without a leading UTF-8 byte order mark.
 std::string_view WithoutMark(std::string_view text);
+// The text without blanks and line breaks at its ends.
+std::string Trimmed(const std::string& text);
 
 }  // namespace pelkor

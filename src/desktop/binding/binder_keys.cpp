@@ -276,7 +276,7 @@ bool Binder::HelpForFocus() {
     const bool sameGroup = option != nullptr && namedOption != nullptr &&
                            option->Group() != nullptr && option->Group() == namedOption->Group();
     if (named != focused && !sameGroup) continue;
-    auto* model = const_cast<pelkedit::Widget*>(label);
+    pelkedit::Widget* model = bindings_[index_.at(label)].model;
     if (!model->onClick) return false;
     Dispatch([model] { model->UserClick(); });
     return true;

@@ -49,8 +49,7 @@ const FactSource kExpertFacts[] = {
 
 void EditorContext::InitAdvisor() {
   RunMethod(Proc("InitAdvisor"), [&] {
-    auto engine = std::dynamic_pointer_cast<IAdvisor>(platform.CreateObject(kAdvisorProgId));
-    if (!engine) Raise(errnum::kTypeMismatch, kAdvisorProgId);
+    auto engine = CreateObjectAs<IAdvisor>(platform, kAdvisorProgId);
     advisor = engine;
     IRecord& rec = Rec();
     for (const char* name : kBasicFacts) engine->Set(name, rec.Get(name));

@@ -15,16 +15,7 @@
 #include "trace/error_paths.h"
 
 namespace pelkedit {
-namespace {
-
-template <typename T>
-std::shared_ptr<T> CreateAs(IPlatform& platform, const char* progId) {
-  auto object = std::dynamic_pointer_cast<T>(platform.CreateObject(progId));
-  if (!object) Raise(errnum::kTypeMismatch, progId);
-  return object;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
     : ctx_(std::make_unique<EditorContext>(platform, events)) {
@@ -45,9 +36,9 @@ PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
   statement([&] { ctx.Get<DateEdit>(widget::deWwih).SetDateOrder(GetUserDateOrder(platform)); });
   statement(
       [&] { ctx.Get<DateEdit>(widget::deCloseDateEdit).SetDateOrder(GetUserDateOrder(platform)); });
-  statement([&] { ctx.data = CreateAs<IDataAccess>(platform, kDataProgId); });
-  statement([&] { ctx.record = CreateAs<IRecord>(platform, kRecordProgId); });
-  statement([&] { ctx.advisor = CreateAs<IAdvisor>(platform, kAdvisorProgIdAtCreate); });
+  statement([&] { ctx.data = CreateObjectAs<IDataAccess>(platform, kDataProgId); });
+  statement([&] { ctx.record = CreateObjectAs<IRecord>(platform, kRecordProgId); });
+  statement([&] { ctx.advisor = CreateObjectAs<IAdvisor>(platform, kAdvisorProgIdAtCreate); });
   ctx.state.loading = true;
   ctx.state.iboSaved = false;
   statement([&] { ctx.InitTooltips(); });

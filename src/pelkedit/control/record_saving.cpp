@@ -48,9 +48,7 @@ void RecordSaving::SaveAllTabs() {
 
 // Not traced: an error passes straight to the caller.
 bool RecordSaving::CheckRecordSize() {
-  auto helper =
-      std::dynamic_pointer_cast<ISizeHelper>(ctx_.platform.CreateObject(kSizeHelperProgId));
-  if (!helper) Raise(errnum::kTypeMismatch, kSizeHelperProgId);
+  const auto helper = CreateObjectAs<ISizeHelper>(ctx_.platform, kSizeHelperProgId);
   const Variant size = helper->GetPhysicalSize(ctx_.Rec().GetIboData());
   // Converted to a whole byte count as a Long conversion does: nearest, halves to even.
   const auto bytes = static_cast<std::int64_t>(std::nearbyint(size.AsDouble()));

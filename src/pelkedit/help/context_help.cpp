@@ -75,13 +75,6 @@ const std::array kLinks = {
     HelpLink{"lblCloseWinBidder", 53},
 };
 
-template <typename T>
-std::shared_ptr<T> Create(IPlatform& platform, const char* progId) {
-  auto object = std::dynamic_pointer_cast<T>(platform.CreateObject(progId));
-  if (!object) Raise(errnum::kTypeMismatch, progId);
-  return object;
-}
-
 }  // namespace
 
 std::span<const HelpLink> HelpLinks() {
@@ -91,8 +84,8 @@ std::span<const HelpLink> HelpLinks() {
 void ShowContextHelp(EditorContext& ctx, std::int32_t mapId) {
   RunMethod(EditorContext::Proc("ShowContextHelp"), [&] {
     // Both are created for this request and released when it ends, whatever happens.
-    auto config = Create<IConfig>(ctx.platform, kConfigProgId);
-    const auto files = Create<IFileSystem>(ctx.platform, kFileSystemProgId);
+    auto config = CreateObjectAs<IConfig>(ctx.platform, kConfigProgId);
+    const auto files = CreateObjectAs<IFileSystem>(ctx.platform, kFileSystemProgId);
     const std::string folder = config->GetValue("InstallPath");
     const std::string name = config->GetValue("PLKHelpName");
     config.reset();

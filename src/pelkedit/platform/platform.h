@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "platform/com_object.h"
 #include "values/date.h"
+#include "values/error.h"
 
 namespace pelkedit {
 
@@ -75,5 +77,14 @@ class IPlatform {
   // Creates a collaborator; error 429 when it cannot be created.
   virtual ObjectPtr CreateObject(const std::string& progId) = 0;
 };
+
+// Creates a collaborator and takes it as the interface it is used by; error 13 when the
+// identifier gives something else.
+template <typename T>
+std::shared_ptr<T> CreateObjectAs(IPlatform& platform, const char* progId) {
+  auto object = std::dynamic_pointer_cast<T>(platform.CreateObject(progId));
+  if (!object) Raise(errnum::kTypeMismatch, progId);
+  return object;
+}
 
 }  // namespace pelkedit

@@ -18,9 +18,7 @@ std::shared_ptr<ITrace>& ThreadTraceSlot() {
 void Main(IPlatform& platform) {
   const std::string module = "PelkEdit.modInit::";
   try {
-    auto trace = std::dynamic_pointer_cast<ITrace>(platform.CreateObject(kTraceProgId));
-    if (!trace) Raise(errnum::kTypeMismatch, kTraceProgId);
-    ThreadTraceSlot() = std::move(trace);
+    ThreadTraceSlot() = CreateObjectAs<ITrace>(platform, kTraceProgId);
   } catch (const PelkError&) {
     platform.MsgBox("Could not create trace object. Module:" + module + "Main",
                     MsgIcon::kExclamation, MsgButtons::kOk, "Automation error");

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "contracts/product_view.h"
+#include "values/error.h"
 #include "widgets/widget.h"
 
 namespace pelkedit {
@@ -17,15 +18,13 @@ class ProductViewBox : public Widget {
 
   void Attach(std::shared_ptr<IProductView> view) { view_ = std::move(view); }
   // Keeps the error that stopped the component from being created: every call raises it.
-  void CreationFailed(std::int32_t number, std::string source, std::string description);
+  void CreationFailed(const PelkError& error) { failure_ = error; }
   IProductView& View() const;
   const std::shared_ptr<IProductView>& Shared() const { return view_; }
 
  private:
   std::shared_ptr<IProductView> view_;
-  std::int32_t failedNumber_ = 0;
-  std::string failedSource_;
-  std::string failedDescription_;
+  std::optional<PelkError> failure_;
 };
 
 }  // namespace pelkedit

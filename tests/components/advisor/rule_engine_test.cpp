@@ -126,28 +126,34 @@ TEST(SalesCycle, ThePlaceFollowsTheDatesAndTheStatus) {
   const Date start = Date::FromCivil(2026, 1, 1);
   const Date expected = Date::FromCivil(2026, 4, 11);  // 100 days later
   const Date noDate = Date::FromCivil(1904, 1, 1);
-  const CyclePlace early =
-      PlaceInCycle(kStatusOpen, start, expected, noDate, Date::FromCivil(2026, 1, 31));
+  const CyclePlace early = PlaceInCycle(pelkedit::eEditStatusOpen, start, expected, noDate,
+                                        Date::FromCivil(2026, 1, 31));
   EXPECT_DOUBLE_EQ(early.position, 0.3);
   EXPECT_EQ(early.line1, "Probe phase");
   EXPECT_EQ(early.line2, "Day 30 of 100, 70 days to go");
-  EXPECT_EQ(PlaceInCycle(kStatusOpen, start, expected, noDate, Date::FromCivil(2026, 2, 5)).line1,
-            "Prove phase");
-  const CyclePlace late =
-      PlaceInCycle(kStatusOpen, start, expected, noDate, Date::FromCivil(2026, 4, 21));
+  EXPECT_EQ(
+      PlaceInCycle(pelkedit::eEditStatusOpen, start, expected, noDate, Date::FromCivil(2026, 2, 5))
+          .line1,
+      "Prove phase");
+  const CyclePlace late = PlaceInCycle(pelkedit::eEditStatusOpen, start, expected, noDate,
+                                       Date::FromCivil(2026, 4, 21));
   EXPECT_DOUBLE_EQ(late.position, 1.1);
   EXPECT_TRUE(late.late);
   EXPECT_EQ(late.line2, "10 days past the expected date");
-  const CyclePlace undated = PlaceInCycle(kStatusOpen, start, noDate, noDate, kToday);
+  const CyclePlace undated = PlaceInCycle(pelkedit::eEditStatusOpen, start, noDate, noDate, kToday);
   EXPECT_EQ(undated.position, 0);
   EXPECT_FALSE(undated.late);
-  const CyclePlace lost =
-      PlaceInCycle(kStatusLost, start, expected, Date::FromCivil(2026, 2, 20), kToday);
+  const CyclePlace lost = PlaceInCycle(pelkedit::eEditStatusLost, start, expected,
+                                       Date::FromCivil(2026, 2, 20), kToday);
   EXPECT_DOUBLE_EQ(lost.position, 0.5);
   EXPECT_EQ(lost.line2, "Closed 20 Feb 2026, after 50 days");
-  EXPECT_EQ(PlaceInCycle(kStatusWon, start, expected, Date::FromCivil(2026, 6, 1), kToday).position,
-            1);
-  EXPECT_EQ(PlaceInCycle(kStatusOpen, start, expected, noDate, Date::FromCivil(2025, 12, 29)).line2,
+  EXPECT_EQ(
+      PlaceInCycle(pelkedit::eEditStatusWon, start, expected, Date::FromCivil(2026, 6, 1), kToday)
+          .position,
+      1);
+  EXPECT_EQ(PlaceInCycle(pelkedit::eEditStatusOpen, start, expected, noDate,
+                         Date::FromCivil(2025, 12, 29))
+                .line2,
             "Starts in 3 days");
 }
 

@@ -1,5 +1,4 @@
 // Picking a decision maker's name from the contact book.
-#include <memory>
 #include <string>
 
 #include "contracts/contact_lookup.h"
@@ -7,7 +6,6 @@
 #include "tabs/environment/decision_makers.h"
 #include "tabs/environment/probe_tab.h"
 #include "trace/error_paths.h"
-#include "values/error.h"
 #include "values/text.h"
 
 namespace pelkedit {
@@ -17,7 +15,7 @@ constexpr std::size_t kDmNameLimit = 30;
 
 void ProbeTab::LookupDmName(bool& cancelled, std::string& name) {
   RunMethod(EditorContext::Proc("LookupDmName"), [&] {
-    const auto dialog = CreateContactLookup(ctx_.platform);
+    const auto dialog = CreateObjectAs<IContactLookup>(ctx_.platform, kContactLookupProgId);
     dialog->ShowDialog();
     const std::string first = dialog->FirstName();
     const std::string last = dialog->LastName();
@@ -36,13 +34,6 @@ void ProbeTab::DmLookupClick(const DecisionMaker& dm) {
     // After a cancel too: a name typed and not yet committed is committed now.
     UpdateSEnvProbeDmName(dm);
   });
-}
-
-std::shared_ptr<IContactLookup> CreateContactLookup(IPlatform& platform) {
-  auto dialog =
-      std::dynamic_pointer_cast<IContactLookup>(platform.CreateObject(kContactLookupProgId));
-  if (!dialog) Raise(errnum::kTypeMismatch, kContactLookupProgId);
-  return dialog;
 }
 
 }  // namespace pelkedit

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "control/tab_page.h"
@@ -8,8 +7,6 @@
 namespace pelkedit {
 
 class EditorContext;
-class IContactLookup;
-class IPlatform;
 class ListBox;
 class TextBox;
 struct DecisionMaker;
@@ -43,8 +40,5 @@ class ProbeTab : public TabPage {
 
   EditorContext& ctx_;
 };
-
-// The contact book's look-up dialog, created for one look-up.
-std::shared_ptr<IContactLookup> CreateContactLookup(IPlatform& platform);
 
 }  // namespace pelkedit

@@ -5,7 +5,6 @@
 #include "control/editor_context.h"
 #include "control/page_layout.h"
 #include "control/record_saving.h"
-#include "tabs/environment/probe_tab.h"
 #include "trace/error_paths.h"
 #include "values/text.h"
 #include "widgets/product_view_box.h"
@@ -101,13 +100,9 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
   // The view is another component of the product; a creation that fails is kept and raised
   // by the first call the editor makes of it, on the error path of that call.
   try {
-    view.Attach(
-        std::dynamic_pointer_cast<IProductView>(ctx_.platform.CreateObject(kProductViewProgId)));
-    if (!view.Shared())
-      view.CreationFailed(errnum::kTypeMismatch, kProductViewProgId,
-                          StandardDescription(errnum::kTypeMismatch));
+    view.Attach(CreateObjectAs<IProductView>(ctx_.platform, kProductViewProgId));
   } catch (const PelkError& error) {
-    view.CreationFailed(error.Number(), error.Source(), error.Description());
+    view.CreationFailed(error);
   }
 }
 
@@ -125,7 +120,7 @@ void InfoTab::Wire() {
 
 void InfoTab::LookupContact(bool& cancelled, ContactFields& contact) {
   RunMethod(EditorContext::Proc("LookupContact"), [&] {
-    const auto dialog = CreateContactLookup(ctx_.platform);
+    const auto dialog = CreateObjectAs<IContactLookup>(ctx_.platform, kContactLookupProgId);
     dialog->ShowDialog();
     cancelled = dialog->Cancelled();
     contact.first = dialog->FirstName();
