@@ -5,7 +5,7 @@ packages=(
   g++ cmake ninja-build clang-format
   libgtest-dev libgmock-dev libbenchmark-dev
   libsqlite3-dev libsqlitecpp-dev libcli11-dev nlohmann-json3-dev
-  libmuparser-dev libinih-dev libcsv-dev pkg-config
+  libmuparser-dev libinih-dev libcsv-dev pkg-config libpqxx-dev postgresql
   qt6-base-dev xvfb xauth
 )
 missing=()

@@ -24,6 +24,8 @@ using pelkor::desktop::EditorEnvironment;
 using pelkor::desktop::HostWindow;
 
 constexpr const char* kScreenshotsOption = "--screenshots";
+// Names the database when --db does not: a team points every editor at its server once.
+constexpr const char* kDatabaseVariable = "PELKOR_DB";
 
 struct Options {
   std::string db;
@@ -86,15 +88,18 @@ std::optional<std::int32_t> FirstIbo(EditorEnvironment& environment) {
 int Run(const Options& options) {
   const bool useDefault = options.db.empty();
   const std::string dbPath = useDefault ? pelkor::desktop::DefaultDatabasePath() : options.db;
-  // Only the default database is created (with the demo opportunities); a mistyped path must
+  // Only the default database is created (with the demo opportunities); a mistyped name must
   // not leave an empty database behind.
-  if (!useDefault && !QFileInfo::exists(QString::fromStdString(dbPath))) {
+  if (!useDefault && !pelkor::IsServerName(dbPath) &&
+      !QFileInfo::exists(QString::fromStdString(dbPath))) {
     return StartUpFailure(
         options, QString("The database '%1' does not exist. Check the path, or create a demo "
                          "database with: pelkor-db seed %1")
                      .arg(QString::fromStdString(dbPath)));
   }
-  EditorEnvironment environment({dbPath, pelkor::desktop::DefaultTraceLogPath()});
+  EditorEnvironment environment(
+      {dbPath, pelkor::desktop::DefaultTraceLogPath(),
+       useDefault ? pelkor::StoreOpening::kCreateIfMissing : pelkor::StoreOpening::kExistingOnly});
   try {
     if (useDefault) pelkor::SeedDemoData(*environment.Db());
     environment.Db()->ListIbos();
@@ -143,7 +148,10 @@ int main(int argc, char** argv) {
   // Qt's own options (-platform, -style, ...) pass through to the application.
   cli.allow_extras();
   Options options;
-  cli.add_option("--db", options.db, "database file (default: the demo database)");
+  cli.add_option("--db", options.db,
+                 "database file or postgresql:// URI (default: $PELKOR_DB, else the demo "
+                 "database)")
+      ->envname(kDatabaseVariable);
   cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
   cli.add_option("--view", options.view,
                  "view code: 0 to 2 main table, 3 archive (default: where the IBO is)")

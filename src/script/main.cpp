@@ -8,7 +8,9 @@ int main(int argc, char** argv) {
   CLI::App app{"Runs PelkEdit scenarios headless and prints what can be observed."};
   pelkscript::WorldOptions options;
   std::vector<std::string> files;
-  app.add_option("--db", options.dbPath, "database file to use instead of an in-memory one");
+  app.add_option("--db", options.dbPath,
+                 "database file or postgresql:// URI to use instead of an in-memory one")
+      ->envname("PELKOR_DB");
   app.add_option("--trace-log", options.traceLogPath, "file the trace component writes to");
   app.add_option("files", files, "scenario files ('-' or none: standard input)");
   try {

@@ -50,10 +50,10 @@ std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(std::shared_ptr<IIboStor
   return std::make_shared<IboDataAccess>([db] { return db; });
 }
 
-DatabaseSource OpenOnFirstUse(std::string path) {
+DatabaseSource OpenOnFirstUse(std::string name, StoreOpening opening) {
   auto opened = std::make_shared<std::shared_ptr<IIboStore>>();
-  return [opened, path = std::move(path)] {
-    if (!*opened) *opened = OpenIboStore(path);
+  return [opened, name = std::move(name), opening] {
+    if (!*opened) *opened = OpenIboStore(name, opening);
     return *opened;
   };
 }

@@ -1,6 +1,7 @@
 #include "data/ibo_store.h"
 
 #include "data/data_error.h"
+#include "data/store_backends.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
 
@@ -17,6 +18,12 @@ IboTable TableForProcedure(const std::string& procName) {
   if (procName == pelkedit::kProcArchive) return IboTable::kArchive;
   RaiseDataError("Unknown retrieval procedure \"" + procName + "\"; expected \"" +
                  pelkedit::kProcMain + "\" or \"" + pelkedit::kProcArchive + "\".");
+}
+
+std::shared_ptr<IIboStore> OpenIboStore(const std::string& name, StoreOpening opening) {
+  if (name.empty()) RaiseDataError("No IBO database was named.");
+  return IsServerName(name) ? data_detail::OpenPostgresStore(name, opening)
+                            : data_detail::OpenSqliteStore(name, opening);
 }
 
 std::int32_t RecordIdOf(const pelkedit::Blob& data) {

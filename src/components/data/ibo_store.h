@@ -102,17 +102,28 @@ class IIboStore {
 // The id a record in storage form carries; error 5 when the bytes are not a valid record.
 std::int32_t RecordIdOf(const pelkedit::Blob& data);
 
-// Opens the store a name gives: a SQLite file path (created when missing; ":memory:" for a
-// private in-memory one).
-std::shared_ptr<IIboStore> OpenIboStore(const std::string& name);
+// Whether opening may create the database: editors and seeding make a missing one (a new file,
+// or the tables in an empty server database); listing, importing and copying from need one that
+// is there, so a mistyped name does not leave an empty database behind.
+enum class StoreOpening { kCreateIfMissing, kExistingOnly };
+
+// True when `name` is a PostgreSQL connection URI ("postgresql://..." or "postgres://...")
+// rather than a SQLite file path.
+bool IsServerName(const std::string& name);
+
+// Opens the store a name gives: a PostgreSQL connection URI ("postgresql://user@host/db"), or
+// a SQLite file path (":memory:" for a private in-memory one).
+std::shared_ptr<IIboStore> OpenIboStore(const std::string& name,
+                                        StoreOpening opening = StoreOpening::kCreateIfMissing);
 
 // The data-access object ("PelkData.Ibo") over a store. It writes back only a record it has
 // read, into the row it was read from.
 // Where a data-access object finds its store; it may open it at first use, so that a
 // database that cannot be opened fails the editor's read or write, not its creation.
 using DatabaseSource = std::function<std::shared_ptr<IIboStore>()>;
-// Opens the database at `path` at the first call and keeps it; a failed open is tried again.
-DatabaseSource OpenOnFirstUse(std::string path);
+// Opens the database `name` at the first call and keeps it; a failed open is tried again.
+DatabaseSource OpenOnFirstUse(std::string name,
+                              StoreOpening opening = StoreOpening::kCreateIfMissing);
 std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(DatabaseSource source);
 std::shared_ptr<pelkedit::IDataAccess> CreateDataAccess(std::shared_ptr<IIboStore> db);
 

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <mutex>
 
 #include "data/ibo_store.h"
@@ -6,36 +7,26 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
-#include "data/data_error.h"
-#include "data/ibo_schema.h"
-#include "record/ibo_properties.h"
-#include "values/error.h"
+#include "data/ibo_row.h"
+#include "data/sqlite_error.h"
+#include "data/sqlite_schema.h"
+#include "data/store_backends.h"
 
 namespace pelkor {
 
+using data_detail::DecodeRow;
 using data_detail::DescribeLocation;
+using data_detail::IboRow;
+using data_detail::RaiseChangedBySomeoneElse;
 using data_detail::RaiseDataError;
+using data_detail::RaiseForeignId;
+using data_detail::RaiseVanished;
 using data_detail::TableSqlName;
+using data_detail::Where;
 using data_detail::WithSqlErrors;
 using pelkedit::Blob;
 
 namespace {
-
-// The columns of one row, taken from the decoded record.
-struct Row {
-  IboTable table = IboTable::kMain;
-  std::int32_t id = 0;
-  std::int32_t iboNumber = 0;
-  std::string company;
-  std::int32_t status = 0;
-  bool expert = false;
-  const Blob* data = nullptr;
-};
-
-// "IBO 42 from the main table" and the like, for messages.
-std::string Where(std::int32_t id, const char* preposition, IboTable table) {
-  return "IBO " + std::to_string(id) + " " + preposition + " the " + IboTableName(table) + " table";
-}
 
 // One SQLite file holding the main and the archive table. Every write is one immediate
 // transaction.
@@ -56,9 +47,8 @@ class SqliteIboStore final : public IIboStore {
   int AddContacts(const std::vector<Contact>& contacts) override;
 
  private:
-  Row Decode(const Blob& data, IboTable table) const;
   // Inserts the row, or on an existing id replaces it or leaves it; returns rows changed.
-  int Upsert(const Row& row, bool replace);
+  int Upsert(const IboRow& row, bool replace);
 
   std::string path_;
   std::unique_ptr<SQLite::Database> db_;
@@ -67,17 +57,22 @@ class SqliteIboStore final : public IIboStore {
 
 }  // namespace
 
-std::shared_ptr<IIboStore> OpenIboStore(const std::string& path) {
-  if (path.empty()) {
-    RaiseDataError("No IBO database file was named.");
+namespace data_detail {
+
+std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening opening) {
+  if (opening == StoreOpening::kExistingOnly && path != kMemoryPath &&
+      !std::filesystem::exists(path)) {
+    RaiseDataError("The IBO database " + DescribeLocation(path) + " does not exist.");
   }
   auto db = WithSqlErrors("Cannot open the IBO database " + DescribeLocation(path), [&] {
     return std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
-                                              data_detail::kBusyTimeoutMs);
+                                              kBusyTimeoutMs);
   });
-  data_detail::PrepareDatabase(*db, path);
+  PrepareDatabase(*db, path);
   return std::make_shared<SqliteIboStore>(path, std::move(db));
 }
+
+}  // namespace data_detail
 
 std::optional<Blob> SqliteIboStore::Find(IboTable table, std::int32_t id) {
   std::lock_guard lock(mutex_);
@@ -109,27 +104,7 @@ std::optional<VersionedIbo> SqliteIboStore::FindVersioned(IboTable table, std::i
   });
 }
 
-Row SqliteIboStore::Decode(const Blob& data, IboTable table) const {
-  const auto record = CreateIboProperties();
-  try {
-    record->SetIboData(data);
-  } catch (const pelkedit::PelkError& error) {
-    RaiseDataError("The record to be written to the " + std::string(IboTableName(table)) +
-                   " table of " + Location() +
-                   " is not a valid IBO, so nothing was written: " + error.Description() + ".");
-  }
-  Row row;
-  row.table = table;
-  row.id = record->Get("IboId").AsLong();
-  row.iboNumber = record->Get("IboNumber").AsLong();
-  row.company = record->Get("ContactCompany").AsString();
-  row.status = record->Get("Status").AsLong();
-  row.expert = record->Get("ExpertMode").AsBool();
-  row.data = &data;
-  return row;
-}
-
-int SqliteIboStore::Upsert(const Row& row, bool replace) {
+int SqliteIboStore::Upsert(const IboRow& row, bool replace) {
   const std::string table = TableSqlName(row.table);
   const char* onConflict = replace
                                ? " ON CONFLICT(id) DO UPDATE SET ibo_number = excluded.ibo_number,"
@@ -151,7 +126,7 @@ int SqliteIboStore::Upsert(const Row& row, bool replace) {
 }
 
 void SqliteIboStore::Write(IboTable table, const Blob& data) {
-  const Row row = Decode(data, table);
+  const IboRow row = DecodeRow(data, table, Location());
   std::lock_guard lock(mutex_);
   WithSqlErrors("Cannot write " + Where(row.id, "to", table) + " of " + Location(), [&] {
     SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
@@ -162,11 +137,10 @@ void SqliteIboStore::Write(IboTable table, const Blob& data) {
 
 std::int64_t SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob& data,
                                     std::optional<std::int64_t> expected) {
-  const Row row = Decode(data, table);
+  const IboRow row = DecodeRow(data, table, Location());
   const std::string refusal = "Cannot save " + Where(id, "to", table) + " of " + Location();
   if (row.id != id) {
-    RaiseDataError(refusal + ": the record carries the id " + std::to_string(row.id) +
-                   ", so nothing was written. Reopen the IBO and make the changes again.");
+    RaiseForeignId(refusal, row.id);
   }
   std::lock_guard lock(mutex_);
   return WithSqlErrors(refusal, [&] {
@@ -175,16 +149,11 @@ std::int64_t SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob&
         *db_, std::string("SELECT version FROM ") + TableSqlName(table) + " WHERE id = ?");
     current.bind(1, id);
     if (!current.executeStep()) {
-      RaiseDataError(refusal +
-                     ": the IBO is no longer there (it was deleted or moved), so "
-                     "nothing was written. Copy what you need from the editor before closing it.");
+      RaiseVanished(refusal);
     }
     const std::int64_t version = current.getColumn(0).getInt64();
     if (expected && *expected != version) {
-      RaiseDataError("IBO " + std::to_string(id) +
-                     " was changed by someone else since you opened it. Your changes are still "
-                     "here; nothing was written. Note what you changed, close the IBO without "
-                     "saving, open it again and make your changes on the newer record.");
+      RaiseChangedBySomeoneElse(id);
     }
     SQLite::Statement update(*db_, std::string("UPDATE ") + TableSqlName(table) +
                                        " SET ibo_number = ?, company = ?, status = ?, expert = ?,"
@@ -203,16 +172,16 @@ std::int64_t SqliteIboStore::Update(IboTable table, std::int32_t id, const Blob&
 }
 
 int SqliteIboStore::AddMissing(const std::vector<IboEntry>& entries) {
-  std::vector<Row> rows;
+  std::vector<IboRow> rows;
   rows.reserve(entries.size());
   for (const IboEntry& entry : entries) {
-    rows.push_back(Decode(entry.data, entry.table));
+    rows.push_back(DecodeRow(entry.data, entry.table, Location()));
   }
   std::lock_guard lock(mutex_);
   return WithSqlErrors("Cannot add IBOs to " + Location(), [&] {
     SQLite::Transaction transaction(*db_, SQLite::TransactionBehavior::IMMEDIATE);
     int added = 0;
-    for (const Row& row : rows) {
+    for (const IboRow& row : rows) {
       added += Upsert(row, false);
     }
     transaction.commit();

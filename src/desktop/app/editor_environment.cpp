@@ -48,7 +48,7 @@ std::string InFolder(QStandardPaths::StandardLocation location, const char* file
 }  // namespace
 
 EditorEnvironment::EditorEnvironment(const EnvironmentOptions& options)
-    : dbSource_(OpenOnFirstUse(options.dbPath)) {
+    : dbSource_(OpenOnFirstUse(options.dbPath, options.opening)) {
   QDir().mkpath(QFileInfo(QString::fromStdString(options.traceLogPath)).absolutePath());
   // The library belongs to this environment on this thread.
   pelkedit::UnloadLibrary();

@@ -13,8 +13,9 @@ namespace pelkor::desktop {
 
 // Where the host keeps its files.
 struct EnvironmentOptions {
-  std::string dbPath;
+  std::string dbPath;  // a SQLite file or a postgresql:// URI
   std::string traceLogPath;
+  StoreOpening opening = StoreOpening::kCreateIfMissing;
 };
 
 // Everything the editor component needs on the desktop: the collaborators registered in the

@@ -116,7 +116,7 @@ TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {
   EXPECT_EQ(error.Description(), "Cannot open the IBO database '" + nowhere +
                                      "': the file cannot be opened or created. Check that its "
                                      "folder exists and that you may write to it.");
-  EXPECT_EQ(ErrorOf([] { OpenIboStore(""); }).Description(), "No IBO database file was named.");
+  EXPECT_EQ(ErrorOf([] { OpenIboStore(""); }).Description(), "No IBO database was named.");
 }
 
 }  // namespace

@@ -4,10 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <thread>
-
 #include "data_test_support.h"
+#include "team_editing.h"
 
 namespace pelkor {
 namespace {
@@ -132,56 +130,13 @@ TEST(IboStore, UpdateRefusesAVanishedRowAndAForeignId) {
 
 TEST(IboStore, ASaveOverSomeoneElsesIsRefusedAndWritesNothing) {
   TempFolder folder;
-  const std::string path = folder.File("team.db");
-  OpenIboStore(path)->Write(IboTable::kMain, MakeIbo(1042, "Original"));
-  // Two editors, each with a connection of its own, open the same IBO.
-  const auto mine = CreateDataAccess(OpenIboStore(path));
-  const auto theirs = CreateDataAccess(OpenIboStore(path));
-  mine->ReadIbo(1042, kMain);
-  theirs->ReadIbo(1042, kMain);
-  theirs->WriteIbo(MakeIbo(1042, "Theirs"), kMain);
-  const auto refused = ErrorOf([&] { mine->WriteIbo(MakeIbo(1042, "Mine"), kMain); });
-  EXPECT_THAT(refused.Description(),
-              HasSubstr("IBO 1042 was changed by someone else since you opened it. Your changes "
-                        "are still here; nothing was written."));
-  EXPECT_EQ(CompanyOf(OpenIboStore(path)->Read(IboTable::kMain, 1042)), "Theirs");
-  // Saving again from the same editor after its own save is not a conflict.
-  theirs->WriteIbo(MakeIbo(1042, "Theirs again"), kMain);
-  EXPECT_EQ(CompanyOf(OpenIboStore(path)->Read(IboTable::kMain, 1042)), "Theirs again");
-  // Reopened, the newer record can be saved.
-  mine->ReadIbo(1042, kMain);
-  EXPECT_NO_THROW(mine->WriteIbo(MakeIbo(1042, "Mine, on theirs"), kMain));
+  testing::ExpectSecondSaveRefused([path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 
 TEST(IboStore, EightEditorsSavingAtOnceLoseNothingSilently) {
   TempFolder folder;
-  const std::string path = folder.File("team.db");
-  OpenIboStore(path)->Write(IboTable::kMain, MakeIbo(7, "Start"));
-  constexpr int kEditors = 8;
-  std::vector<std::shared_ptr<pelkedit::IDataAccess>> editors;
-  for (int i = 0; i < kEditors; ++i) {
-    editors.push_back(CreateDataAccess(OpenIboStore(path)));
-    editors.back()->ReadIbo(7, kMain);
-  }
-  std::atomic<int> landed = 0;
-  std::atomic<int> refused = 0;
-  std::vector<std::thread> saves;
-  for (int i = 0; i < kEditors; ++i) {
-    saves.emplace_back([&, i] {
-      try {
-        editors[static_cast<std::size_t>(i)]->WriteIbo(MakeIbo(7, "Editor " + std::to_string(i)),
-                                                       kMain);
-        ++landed;
-      } catch (const pelkedit::PelkError& error) {
-        if (error.Description().find("was changed by someone else") != std::string::npos) ++refused;
-      }
-    });
-  }
-  for (std::thread& save : saves) save.join();
-  EXPECT_EQ(landed, 1);
-  EXPECT_EQ(refused, kEditors - 1);
-  EXPECT_THAT(CompanyOf(OpenIboStore(path)->Read(IboTable::kMain, 7)),
-              ::testing::StartsWith("Editor "));
+  testing::ExpectEightEditorsLoseNothing(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 
 TEST(IboStore, CorruptRecordIsRefusedBeforeAnythingIsWritten) {

@@ -1,8 +1,15 @@
-# Seeds a fresh demo database and runs a scenario against it.
-# Usage: cmake -DSEEDER=... -DRUNNER=... -DSCENARIO=... -DWORK_DIR=... -P run_on_demo_database.cmake
-file(REMOVE_RECURSE ${WORK_DIR})
-file(MAKE_DIRECTORY ${WORK_DIR})
-set(db ${WORK_DIR}/demo.pelkdb)
+# Seeds a fresh demo database and runs a scenario against it: a file in WORK_DIR, or with PG_*
+# a database of the PostgreSQL test cluster (see ../pg_database.cmake).
+# Usage: cmake -DSEEDER=... -DRUNNER=... -DSCENARIO=... (-DWORK_DIR=... | -DPG_CLUSTER=...
+#        -DPG_HOST=... -DPG_DATABASE=...) -P run_on_demo_database.cmake
+if(DEFINED PG_HOST)
+  include(${CMAKE_CURRENT_LIST_DIR}/../pg_database.cmake)
+  pelk_fresh_server_database(db)
+else()
+  file(REMOVE_RECURSE ${WORK_DIR})
+  file(MAKE_DIRECTORY ${WORK_DIR})
+  set(db ${WORK_DIR}/demo.pelkdb)
+endif()
 execute_process(COMMAND ${SEEDER} seed ${db} RESULT_VARIABLE seeded)
 if(NOT seeded EQUAL 0)
   message(FATAL_ERROR "seeding ${db} failed")

@@ -1,6 +1,6 @@
-// pelkor-db: create and seed an IBO database, list what it holds, import contacts.
+// pelkor-db: create and seed an IBO database, list what it holds, import contacts, copy a
+// database (from a file to a server, say).
 #include <cstdio>
-#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -9,31 +9,46 @@
 #include "data/contact_import.h"
 #include "data/demo_seed.h"
 #include "data/ibo_store.h"
+#include "data/store_copy.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
 
 namespace {
 
 constexpr int kExitFailure = 1;
+// Names the database when none is given on the command line, as for the editor.
+constexpr const char* kDatabaseVariable = "PELKOR_DB";
 
-void Seed(const std::string& path) {
-  const auto db = pelkor::OpenIboStore(path);
+const char* Plural(int count) {
+  return count == 1 ? "" : "s";
+}
+
+// Listing, importing and copying from never create: a mistyped name should not leave an empty
+// database behind.
+std::shared_ptr<pelkor::IIboStore> OpenExisting(const std::string& name) {
+  return pelkor::OpenIboStore(name, pelkor::StoreOpening::kExistingOnly);
+}
+
+void Seed(const std::string& name) {
+  const auto db = pelkor::OpenIboStore(name);
   const int added = pelkor::SeedDemoData(*db);
   const std::size_t total = db->ListIbos().size();
-  std::cout << "Seeded '" << path << "': " << added << " IBO" << (added == 1 ? "" : "s")
-            << " added, " << total << " in the database.\n";
+  std::cout << "Seeded " << db->Location() << ": " << added << " IBO" << Plural(added) << " added, "
+            << total << " in the database.\n";
 }
 
-// Listing and importing never create: a mistyped name should not leave an empty database.
-void RequireExisting(const std::string& path) {
-  if (std::filesystem::exists(path)) return;
-  throw pelkedit::PelkError(pelkedit::errnum::kInvalidProcedureCall, pelkor::kDataErrorSource,
-                            "The IBO database '" + path + "' does not exist.");
+void Copy(const std::string& from, const std::string& to) {
+  const auto source = OpenExisting(from);
+  const auto target = pelkor::OpenIboStore(to);
+  const pelkor::CopyReport copied = pelkor::CopyDatabase(*source, *target);
+  std::cout << "Copied " << source->Location() << " to " << target->Location() << ": "
+            << copied.main << " main and " << copied.archive << " archived IBO"
+            << Plural(copied.archive) << " added, " << copied.unchanged << " already there, "
+            << copied.contacts << " new contact" << Plural(copied.contacts) << ".\n";
 }
 
-void ImportContacts(const std::string& path, const std::string& file) {
-  RequireExisting(path);
-  const auto db = pelkor::OpenIboStore(path);
+void ImportContacts(const std::string& name, const std::string& file) {
+  const auto db = OpenExisting(name);
   const pelkor::ContactImport read = pelkor::ReadContactFile(file);
   for (const pelkor::ImportProblem& problem : read.skipped) {
     std::cerr << file << ":" << problem.line << ": skipped: " << problem.why << "\n";
@@ -45,13 +60,12 @@ void ImportContacts(const std::string& path, const std::string& file) {
             << " already in the book, " << read.skipped.size() << " skipped).\n";
 }
 
-void List(const std::string& path) {
-  RequireExisting(path);
-  const auto db = pelkor::OpenIboStore(path);
+void List(const std::string& name) {
+  const auto db = OpenExisting(name);
   const auto record = pelkor::CreateIboProperties();  // for the status texts
   const auto ibos = db->ListIbos();
   if (ibos.empty()) {
-    std::cout << "'" << path << "' holds no IBOs.\n";
+    std::cout << db->Location() << " holds no IBOs.\n";
     return;
   }
   for (const pelkor::IboSummary& ibo : ibos) {
@@ -66,30 +80,49 @@ void List(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"Create, seed and list Pelkor IBO databases.", "pelkor-db"};
+  CLI::App app{
+      "Create, seed, list and copy Pelkor IBO databases. A database is a SQLite file "
+      "or a PostgreSQL server's database named by a URI "
+      "(postgresql://user@host/dbname); where none is given, $PELKOR_DB names it.",
+      "pelkor-db"};
   app.require_subcommand(1);
   std::string path;
+  const auto database = [&](CLI::App* command) {
+    command->add_option("DATABASE", path, "Database file or postgresql:// URI")
+        ->envname(kDatabaseVariable)
+        ->required();
+  };
 
   CLI::App* seed = app.add_subcommand(
       "seed", "Create the database if it is missing and add the demo opportunities it lacks.");
-  seed->add_option("FILE", path, "Database file")->required();
+  database(seed);
   CLI::App* list = app.add_subcommand("list",
                                       "List every IBO: id, table, number, company, "
                                       "status, mode.");
-  list->add_option("FILE", path, "Database file")->required();
+  database(list);
   std::string contacts;
   CLI::App* import = app.add_subcommand(
       "import-contacts",
       "Add the contacts of a vCard (.vcf) or CSV export to the contact book; entries that "
       "cannot be read are reported with their line and skipped, people already there are not "
       "added again.");
-  import->add_option("FILE", path, "Database file")->required();
+  database(import);
   import->add_option("CONTACTS", contacts, "vCard or CSV file")->required();
+  std::string target;
+  CLI::App* copy = app.add_subcommand(
+      "copy",
+      "Copy every IBO and contact of SOURCE into TARGET (created when missing). IBOs TARGET "
+      "already holds exactly so are skipped, so an interrupted copy can be run again; one it "
+      "holds differently stops the copy before anything is written.");
+  copy->add_option("SOURCE", path, "Database file or postgresql:// URI to copy from")->required();
+  copy->add_option("TARGET", target, "Database file or postgresql:// URI to copy into")->required();
 
   CLI11_PARSE(app, argc, argv);
   try {
     if (seed->parsed()) {
       Seed(path);
+    } else if (copy->parsed()) {
+      Copy(path, target);
     } else if (import->parsed()) {
       ImportContacts(path, contacts);
     } else {

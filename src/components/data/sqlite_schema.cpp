@@ -1,4 +1,4 @@
-#include "data/ibo_schema.h"
+#include "data/sqlite_schema.h"
 
 #include <array>
 
@@ -6,7 +6,8 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
-#include "data/data_error.h"
+#include "data/ibo_row.h"
+#include "data/sqlite_error.h"
 
 namespace pelkor::data_detail {
 namespace {
@@ -18,7 +19,6 @@ constexpr int kApplicationId = 0x50454C4B;
 constexpr int kSchemaVersion = 3;
 constexpr int kContactsVersion = 2;
 constexpr int kFirstSchemaVersion = 1;
-constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
 
 int PragmaInt(SQLite::Database& db, const char* pragma) {
   return db.execAndGet(std::string("PRAGMA ") + pragma).getInt();
@@ -128,10 +128,6 @@ void CreateSchema(SQLite::Database& db) {
 }
 
 }  // namespace
-
-const char* TableSqlName(IboTable table) {
-  return table == IboTable::kArchive ? "ibo_archive" : "ibo_main";
-}
 
 void PrepareDatabase(SQLite::Database& db, const std::string& path) {
   const std::string refusal = "Cannot open the IBO database " + data_detail::DescribeLocation(path);

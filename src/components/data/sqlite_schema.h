@@ -10,13 +10,8 @@ class Database;
 
 namespace pelkor::data_detail {
 
-// Path that opens a private in-memory database.
-inline constexpr const char* kMemoryPath = ":memory:";
 // How long a write waits for another program's lock before it fails.
 inline constexpr int kBusyTimeoutMs = 5000;
-
-// SQL name of a table.
-const char* TableSqlName(IboTable table);
 
 // Makes a freshly opened connection ready for use: refuses a file that is not an IBO
 // database of this schema (error 5 naming `path`), switches a file to write-ahead logging and

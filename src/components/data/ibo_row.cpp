@@ -1,0 +1,55 @@
+#include "data/ibo_row.h"
+
+#include "data/data_error.h"
+#include "record/ibo_properties.h"
+#include "values/error.h"
+
+namespace pelkor::data_detail {
+
+const char* TableSqlName(IboTable table) {
+  return table == IboTable::kArchive ? "ibo_archive" : "ibo_main";
+}
+
+IboRow DecodeRow(const pelkedit::Blob& data, IboTable table, const std::string& location) {
+  const auto record = CreateIboProperties();
+  try {
+    record->SetIboData(data);
+  } catch (const pelkedit::PelkError& error) {
+    RaiseDataError("The record to be written to the " + std::string(IboTableName(table)) +
+                   " table of " + location +
+                   " is not a valid IBO, so nothing was written: " + error.Description() + ".");
+  }
+  IboRow row;
+  row.table = table;
+  row.id = record->Get("IboId").AsLong();
+  row.iboNumber = record->Get("IboNumber").AsLong();
+  row.company = record->Get("ContactCompany").AsString();
+  row.status = record->Get("Status").AsLong();
+  row.expert = record->Get("ExpertMode").AsBool();
+  row.data = &data;
+  return row;
+}
+
+std::string Where(std::int32_t id, const char* preposition, IboTable table) {
+  return "IBO " + std::to_string(id) + " " + preposition + " the " + IboTableName(table) + " table";
+}
+
+void RaiseForeignId(const std::string& refusal, std::int32_t carried) {
+  RaiseDataError(refusal + ": the record carries the id " + std::to_string(carried) +
+                 ", so nothing was written. Reopen the IBO and make the changes again.");
+}
+
+void RaiseVanished(const std::string& refusal) {
+  RaiseDataError(refusal +
+                 ": the IBO is no longer there (it was deleted or moved), so nothing was "
+                 "written. Copy what you need from the editor before closing it.");
+}
+
+void RaiseChangedBySomeoneElse(std::int32_t id) {
+  RaiseDataError("IBO " + std::to_string(id) +
+                 " was changed by someone else since you opened it. Your changes are still "
+                 "here; nothing was written. Note what you changed, close the IBO without "
+                 "saving, open it again and make your changes on the newer record.");
+}
+
+}  // namespace pelkor::data_detail

@@ -1,0 +1,79 @@
+#include "data/postgres_error.h"
+
+namespace pelkor::data_detail {
+namespace {
+
+// The first line of a libpq message: the rest repeats hints meant for administrators.
+std::string FirstLine(const std::string& text) {
+  std::string line = text.substr(0, text.find('\n'));
+  // "connection to server on socket ... failed: FATAL:  role ..." -> "role ..."
+  for (const std::string marker : {"FATAL:  ", "failed: "}) {
+    const std::size_t at = line.rfind(marker);
+    if (at != std::string::npos) return line.substr(at + marker.size());
+  }
+  return line;
+}
+
+bool Mentions(const std::string& text, const char* words) {
+  return text.find(words) != std::string::npos;
+}
+
+// SQLSTATE classes (the first two characters) that need their own advice.
+constexpr const char* kConnectionClass = "08";
+constexpr const char* kResourcesClass = "53";
+constexpr const char* kOperatorClass = "57";
+constexpr const char* kRollbackClass = "40";
+constexpr const char* kUndefinedTable = "42P01";
+constexpr const char* kInsufficientPrivilege = "42501";
+constexpr const char* kReadOnlyTransaction = "25006";
+
+}  // namespace
+
+std::string ConnectionReason(const pqxx::broken_connection& error) {
+  const std::string what = error.what();
+  const std::string detail = " (" + FirstLine(what) + ")";
+  if (Mentions(what, "authentication failed") || Mentions(what, "no pg_hba.conf entry") ||
+      (Mentions(what, "role \"") && Mentions(what, "does not exist")) ||
+      Mentions(what, "password") || Mentions(what, "permission denied for database")) {
+    return "the server refused the login" + detail +
+           ". Check the user name and password, or ask the database administrator for access";
+  }
+  if (Mentions(what, "database \"") && Mentions(what, "does not exist")) {
+    return "the server has no such database" + detail +
+           ". Check its name, or ask the database administrator to create it";
+  }
+  if (Mentions(what, "too many") || Mentions(what, "starting up") ||
+      Mentions(what, "shutting down")) {
+    return "the server cannot take the connection now" + detail + ". Wait a moment and try again";
+  }
+  return "the server cannot be reached" + detail +
+         ". Check the address and your network, and that the server is running";
+}
+
+std::string StatementReason(const pqxx::sql_error& error) {
+  const std::string& state = error.sqlstate();
+  const std::string detail = " (" + FirstLine(error.what()) + ")";
+  const std::string stateClass = state.substr(0, 2);
+  if (state == kUndefinedTable) {
+    return "a table of the IBO database is missing" + detail +
+           ". Restore the database from a backup, or ask the database administrator";
+  }
+  if (state == kInsufficientPrivilege || state == kReadOnlyTransaction) {
+    return "you may not change this database" + detail +
+           ". Ask the database administrator for access";
+  }
+  if (stateClass == kConnectionClass || stateClass == kOperatorClass) {
+    return "the connection to the server was lost" + detail + ". Try again in a moment";
+  }
+  if (stateClass == kRollbackClass) {
+    return "the server is busy with other changes" + detail + ". Wait a moment and try again";
+  }
+  if (stateClass == kResourcesClass) {
+    return "the server is out of space or memory" + detail +
+           ". Ask the database administrator to free some";
+  }
+  return "the server reported an error" + detail +
+         ". Try again; if it keeps failing, ask the database administrator";
+}
+
+}  // namespace pelkor::data_detail

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/ibo_store.h"
+
+namespace pelkor::data_detail {
+
+// The two backends OpenIboStore chooses between.
+std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening opening);
+std::shared_ptr<IIboStore> OpenPostgresStore(const std::string& uri, StoreOpening opening);
+
+}  // namespace pelkor::data_detail

@@ -1,0 +1,218 @@
+// The PostgreSQL backend, on the test suite's own throwaway cluster.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "data/demo_seed.h"
+#include "data/ibo_store.h"
+#include "data/store_copy.h"
+#include "data_test_support.h"
+#include "server_database.h"
+#include "team_editing.h"
+
+namespace pelkor {
+namespace {
+
+using testing::CompanyOf;
+using testing::ErrorOf;
+using ::testing::HasSubstr;
+using testing::MakeIbo;
+using ::testing::Not;
+using testing::ServerDatabase;
+using ::testing::StartsWith;
+using testing::TempFolder;
+
+constexpr const char* kMain = pelkedit::kProcMain;
+constexpr const char* kArchive = pelkedit::kProcArchive;
+
+std::string OpenError(const std::string& uri,
+                      StoreOpening opening = StoreOpening::kCreateIfMissing) {
+  const auto error = ErrorOf([&] { OpenIboStore(uri, opening); });
+  EXPECT_EQ(error.Source(), kDataErrorSource);
+  EXPECT_EQ(error.Number(), pelkedit::errnum::kInvalidProcedureCall);
+  return error.Description();
+}
+
+TEST(ServerStore, RecordsAndContactsLiveOnTheServer) {
+  ServerDatabase server;
+  {
+    const auto db = OpenIboStore(server.Uri());
+    db->Write(IboTable::kMain, MakeIbo(7, "Live Company"));
+    db->Write(IboTable::kArchive, MakeIbo(7, "Archived Company"));
+    EXPECT_EQ(db->AddContacts({{0, "Ada", "Zeller", "Acme", "", "", "ada@acme.test"},
+                               {0, "Bo", "Ames", "Acme", "", "", ""}}),
+              2);
+  }
+  // A new connection, as after restarting the editor.
+  const auto db = OpenIboStore(server.Uri());
+  const auto data = CreateDataAccess(db);
+  EXPECT_EQ(CompanyOf(data->ReadIbo(7, kMain)), "Live Company");
+  EXPECT_THAT(ErrorOf([&] { data->WriteIbo(MakeIbo(7, "Elsewhere"), kArchive); }).Description(),
+              HasSubstr("was not opened from the archive table of '" + server.Uri() + "'"));
+  data->ReadIbo(7, kArchive);
+  data->WriteIbo(MakeIbo(7, "Archived Company, corrected"), kArchive);
+  data->WriteIbo(MakeIbo(7, "Archived twice"), kArchive);
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kArchive, 7)), "Archived twice");
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 7)), "Live Company");
+  EXPECT_EQ(db->FindVersioned(IboTable::kArchive, 7)->version, 2);
+
+  const auto list = db->ListIbos();
+  ASSERT_EQ(list.size(), 2u);
+  EXPECT_FALSE(list[0].archived);
+  EXPECT_TRUE(list[1].archived);
+  EXPECT_EQ(list[1].iboNumber, 8);
+  EXPECT_EQ(db->ListIbos(IboTable::kMain).size(), 1u);
+  EXPECT_FALSE(db->Find(IboTable::kMain, 8).has_value());
+  EXPECT_THAT(ErrorOf([&] { data->ReadIbo(8, kMain); }).Description(),
+              StartsWith("IBO 8 was not found in the main table of '" + server.Uri() + "'"));
+
+  EXPECT_EQ(db->AddContacts({{0, "Bo", "Ames", "Acme", "", "", ""}}), 0);
+  const auto contacts = db->ListContacts();
+  ASSERT_EQ(contacts.size(), 2u);
+  EXPECT_EQ(contacts[0].last, "Ames");
+  EXPECT_EQ(contacts[1].email, "ada@acme.test");
+}
+
+TEST(ServerStore, ASaveOverSomeoneElsesIsRefusedAndWritesNothing) {
+  ServerDatabase server;
+  testing::ExpectSecondSaveRefused([&] { return OpenIboStore(server.Uri()); });
+}
+
+TEST(ServerStore, EightEditorsSavingAtOnceLoseNothingSilently) {
+  ServerDatabase server;
+  testing::ExpectEightEditorsLoseNothing([&] { return OpenIboStore(server.Uri()); });
+}
+
+TEST(ServerStore, UpdateRefusesAVanishedRow) {
+  ServerDatabase server;
+  const auto db = OpenIboStore(server.Uri());
+  db->Write(IboTable::kMain, MakeIbo(8, "Eight"));
+  server.Raw("DELETE FROM ibo_main WHERE id = 8");
+  EXPECT_THAT(ErrorOf([&] { db->Update(IboTable::kMain, 8, MakeIbo(8, "Again")); }).Description(),
+              HasSubstr("the IBO is no longer there"));
+  EXPECT_TRUE(db->ListIbos().empty());
+}
+
+TEST(ServerStore, FailedWritesLeaveTheTablesAsTheyWere) {
+  ServerDatabase server;
+  const auto db = OpenIboStore(server.Uri());
+  db->Write(IboTable::kMain, MakeIbo(5, "Before"));
+  // An administrator's rule that refuses some rows stands in for a failing server.
+  server.Raw(
+      "CREATE FUNCTION refuse() RETURNS trigger LANGUAGE plpgsql AS "
+      "$$ BEGIN RAISE EXCEPTION 'refused by rule'; END $$;"
+      "CREATE TRIGGER refuse_update BEFORE UPDATE ON ibo_main FOR EACH ROW "
+      "WHEN (NEW.id = 5) EXECUTE FUNCTION refuse();"
+      "CREATE TRIGGER refuse_insert BEFORE INSERT ON ibo_main FOR EACH ROW "
+      "WHEN (NEW.id = 7) EXECUTE FUNCTION refuse();");
+
+  EXPECT_EQ(ErrorOf([&] { db->Write(IboTable::kMain, MakeIbo(5, "After")); }).Description(),
+            "Cannot write IBO 5 to the main table of '" + server.Uri() +
+                "': the server reported an error (ERROR:  refused by rule). Try again; if it "
+                "keeps failing, ask the database administrator.");
+  EXPECT_EQ(CompanyOf(db->Read(IboTable::kMain, 5)), "Before");
+  const auto batch = ErrorOf([&] {
+    db->AddMissing({{IboTable::kArchive, MakeIbo(6, "Six")},
+                    {IboTable::kMain, MakeIbo(6, "Six")},
+                    {IboTable::kMain, MakeIbo(7, "Seven")}});
+  });
+  EXPECT_THAT(batch.Description(), HasSubstr("refused by rule"));
+  EXPECT_EQ(db->ListIbos().size(), 1u);
+  // The connection is still good after a failed transaction.
+  db->Write(IboTable::kMain, MakeIbo(6, "Six"));
+  EXPECT_EQ(db->ListIbos().size(), 2u);
+}
+
+TEST(ServerStore, SchemaIsCheckedAndBroughtUpToDate) {
+  ServerDatabase server;
+  const std::string refusal = "Cannot open the IBO database '" + server.Uri() + "': ";
+  EXPECT_EQ(OpenError(server.Uri(), StoreOpening::kExistingOnly),
+            refusal +
+                "it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into it "
+                "(pelkor-db copy).");
+  EXPECT_EQ(server.Value("SELECT count(*) FROM pg_tables WHERE schemaname = 'public'"), "0");
+
+  OpenIboStore(server.Uri())->Write(IboTable::kMain, MakeIbo(3, "Kept"));
+  // A database of the first version had no contact book: opening it adds one.
+  server.Raw("DROP TABLE contacts; UPDATE pelkor_schema SET version = 1");
+  const auto migrated = OpenIboStore(server.Uri(), StoreOpening::kExistingOnly);
+  EXPECT_EQ(server.Value("SELECT version FROM pelkor_schema"), "2");
+  EXPECT_EQ(migrated->AddContacts({{0, "Ada", "Zeller", "", "", "", ""}}), 1);
+  EXPECT_EQ(CompanyOf(migrated->Read(IboTable::kMain, 3)), "Kept");
+
+  server.Raw("UPDATE pelkor_schema SET version = 99");
+  EXPECT_EQ(OpenError(server.Uri()), refusal +
+                                         "it has schema version 99 and this program reads "
+                                         "version 2. Use a newer version of Pelkor with this "
+                                         "database.");
+  server.Raw("UPDATE pelkor_schema SET version = 2; DROP TABLE ibo_archive");
+  EXPECT_EQ(OpenError(server.Uri()),
+            refusal +
+                "the database is damaged (the archive table is missing). Restore it from "
+                "a backup.");
+  // A table dropped under an open store: the statement's error says so.
+  EXPECT_THAT(ErrorOf([&] { migrated->ListIbos(); }).Description(),
+              HasSubstr("a table of the IBO database is missing"));
+}
+
+TEST(ServerStore, ForeignDatabasesAreRefusedAndLeftAlone) {
+  ServerDatabase server;
+  server.Raw("CREATE TABLE invoices (id integer)");
+  EXPECT_THAT(OpenError(server.Uri()), HasSubstr("it is a database of another application"));
+  EXPECT_EQ(server.Value("SELECT count(*) FROM pg_tables WHERE schemaname = 'public'"), "1");
+}
+
+TEST(ServerStore, ConnectionFailuresSayWhatToDo) {
+  EXPECT_THAT(OpenError("postgresql:///db?host=/nonexistent-pelkor-socket"),
+              HasSubstr("the server cannot be reached ("));
+  EXPECT_THAT(OpenError(ServerDatabase::UriFor("postgres", "&user=nobody_here")),
+              HasSubstr("the server refused the login (role \"nobody_here\" does not exist)"));
+  EXPECT_THAT(OpenError(ServerDatabase::UriFor("no_such_database")),
+              HasSubstr("the server has no such database"));
+  // A password in the address is never shown.
+  const std::string withPassword =
+      "postgresql://pelkor:s3cret@/no_such_database?host=" PELK_TEST_PG_HOST "&password=s3cret";
+  const std::string message = OpenError(withPassword);
+  EXPECT_THAT(message, StartsWith("Cannot open the IBO database 'postgresql://pelkor@/"));
+  EXPECT_THAT(message, Not(HasSubstr("s3cret")));
+}
+
+TEST(ServerStore, CopyMovesAWholeDatabaseBetweenBackends) {
+  TempFolder folder;
+  ServerDatabase server;
+  const auto file = OpenIboStore(folder.File("team.db"));
+  SeedDemoData(*file);
+  const auto onServer = OpenIboStore(server.Uri());
+
+  const CopyReport copied = CopyDatabase(*file, *onServer);
+  EXPECT_EQ(copied.main + copied.archive, static_cast<int>(file->ListIbos().size()));
+  EXPECT_GT(copied.archive, 0);
+  EXPECT_EQ(copied.contacts, static_cast<int>(file->ListContacts().size()));
+  // And back into a new file: every record and contact arrives unchanged.
+  const auto back = OpenIboStore(folder.File("back.db"));
+  CopyDatabase(*onServer, *back);
+  ASSERT_EQ(back->ListIbos().size(), file->ListIbos().size());
+  for (const IboSummary& ibo : file->ListIbos()) {
+    const IboTable table = ibo.archived ? IboTable::kArchive : IboTable::kMain;
+    EXPECT_EQ(back->Read(table, ibo.id), file->Read(table, ibo.id)) << ibo.id;
+  }
+  auto contactsWithoutIds = [](std::vector<Contact> list) {
+    for (Contact& contact : list) contact.id = 0;
+    return list;
+  };
+  EXPECT_EQ(contactsWithoutIds(back->ListContacts()), contactsWithoutIds(file->ListContacts()));
+
+  // Copying again adds nothing; a record that differs stops the copy before anything is written.
+  const CopyReport again = CopyDatabase(*file, *onServer);
+  EXPECT_EQ(again.main + again.archive + again.contacts, 0);
+  EXPECT_EQ(again.unchanged, copied.main + copied.archive);
+  file->Write(IboTable::kMain, MakeIbo(4242, "Only in the file"));
+  const auto first = file->ListIbos().front();
+  file->Write(IboTable::kMain, MakeIbo(first.id, "Changed in the file"));
+  EXPECT_THAT(ErrorOf([&] { CopyDatabase(*file, *onServer); }).Description(),
+              StartsWith("Nothing was copied: IBO " + std::to_string(first.id) +
+                         " in the main table of '" + server.Uri() + "' differs"));
+  EXPECT_FALSE(onServer->Find(IboTable::kMain, 4242).has_value());
+}
+
+}  // namespace
+}  // namespace pelkor
