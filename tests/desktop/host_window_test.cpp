@@ -1,6 +1,8 @@
 #include <QDateEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStatusBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -11,6 +13,7 @@
 #include "app/editor_environment.h"
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
+#include "app/stored_version_dialog.h"
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
 #include "data/demo_seed.h"
@@ -182,6 +185,56 @@ class HostWindowTest : public QObject {
     QVERIFY(!host.window->Component()->IboChanged());
     QVERIFY(host.Qt<QRadioButton>("optWihMedium")->isChecked());
     QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);
+  }
+
+  // Someone else saves the IBO while it is open here: Save is refused, the edits stay, and the
+  // comparison shows both versions' values before the stored one is reopened.
+  void aRefusedSaveLeadsToTheStoredVersion() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    const auto theirs = host.Stored(kExpertIbo);
+    theirs->Set("ContactCompany", std::string("Harbor Freight West"));
+    pelkor::OpenIboStore(host.dbPath)->Write(pelkor::IboTable::kMain, theirs->GetIboData());
+
+    QTest::mouseClick(host.Qt<QPushButton>("cmdSave"), Qt::LeftButton);
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QVERIFY(host.messages[0].text.find("was changed by someone else") != std::string::npos);
+    QVERIFY(host.window->isVisible());
+    QVERIFY(host.window->Component()->IboChanged());
+    QVERIFY(host.window->statusBar()->currentMessage().contains("Compare with Stored Version"));
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);
+
+    QString listed;
+    QTimer::singleShot(0, [&listed] {
+      auto* dialog =
+          qobject_cast<pelkor::desktop::StoredVersionDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialog != nullptr);
+      listed = dialog->AsText();
+      QTimer::singleShot(0, [] {
+        auto* confirm = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(confirm != nullptr);
+        confirm->button(QMessageBox::Yes)->click();
+      });
+      dialog->findChild<QPushButton*>("reopen")->click();
+    });
+    host.window->CompareWithStored();
+    // The answer and the company, and the priority that follows the answer; not the
+    // editor's own bookkeeping.
+    QCOMPARE(listed.section('\n', 1),
+             QString("UserPriority\t5\t2\nWIH\t0\t2\n"
+                     "ContactCompany\tHarbor Freight Logistics\tHarbor Freight West\n"));
+
+    // Reopened: the stored version, unchanged, with its own answers.
+    QVERIFY(!host.window->Component()->IboChanged());
+    QCOMPARE(host.Rec().Get("ContactCompany").AsString(), std::string("Harbor Freight West"));
+    QVERIFY(host.Qt<QRadioButton>("optWihHigh")->isChecked());
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    QTest::mouseClick(host.Qt<QPushButton>("cmdSave"), Qt::LeftButton);
+    QTRY_VERIFY(!host.window->isVisible());
+    QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihLow);
+    QCOMPARE(host.Stored(kExpertIbo)->Get("ContactCompany").AsString(),
+             std::string("Harbor Freight West"));
   }
 
   void closeBoxWithNoDiscardsTheEdits() {

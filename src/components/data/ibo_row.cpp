@@ -5,6 +5,12 @@
 #include "values/error.h"
 
 namespace pelkor::data_detail {
+namespace {
+
+// What tells a refused save from other write failures.
+constexpr const char* kChangedBySomeoneElse = " was changed by someone else since you opened it.";
+
+}  // namespace
 
 const char* TableSqlName(IboTable table) {
   return table == IboTable::kArchive ? "ibo_archive" : "ibo_main";
@@ -46,10 +52,19 @@ void RaiseVanished(const std::string& refusal) {
 }
 
 void RaiseChangedBySomeoneElse(std::int32_t id) {
-  RaiseDataError("IBO " + std::to_string(id) +
-                 " was changed by someone else since you opened it. Your changes are still "
-                 "here; nothing was written. Note what you changed, close the IBO without "
-                 "saving, open it again and make your changes on the newer record.");
+  RaiseDataError("IBO " + std::to_string(id) + kChangedBySomeoneElse +
+                 " Your changes are still here; nothing was written. Note what you changed, "
+                 "close the IBO without saving, open it again and make your changes on the "
+                 "newer record.");
 }
 
 }  // namespace pelkor::data_detail
+
+namespace pelkor {
+
+bool IsSaveConflict(const pelkedit::PelkError& error) {
+  return error.Source() == kDataErrorSource &&
+         error.Description().find(data_detail::kChangedBySomeoneElse) != std::string::npos;
+}
+
+}  // namespace pelkor

@@ -9,6 +9,7 @@
 
 #include "contracts/record.h"
 #include "platform/object_factory.h"
+#include "values/error.h"
 
 namespace pelkor {
 
@@ -98,6 +99,10 @@ class IIboStore {
   // The same with the row's version; a record that cannot be decoded is error 5 too.
   VersionedIbo ReadVersioned(IboTable table, std::int32_t id);
 };
+
+// True for the error of a save refused because someone else saved the IBO since it was read
+// (the host can then offer to compare with the stored version).
+bool IsSaveConflict(const pelkedit::PelkError& error);
 
 // The id a record in storage form carries; error 5 when the bytes are not a valid record.
 std::int32_t RecordIdOf(const pelkedit::Blob& data);

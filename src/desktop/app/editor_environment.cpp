@@ -21,22 +21,29 @@ namespace {
 constexpr const char* kDatabaseFileName = "demo.pelkdb";
 constexpr const char* kTraceLogFileName = "pelkedit.log";
 
-// Counts the records written, so the host can tell whether closing saved the edits.
+// Counts the records written, so the host can tell whether closing saved the edits, and the
+// saves refused because someone else saved first, so it can offer to compare.
 class CountingDataAccess : public pelkedit::IDataAccess {
  public:
-  CountingDataAccess(std::shared_ptr<pelkedit::IDataAccess> inner, std::shared_ptr<int> writes)
-      : inner_(std::move(inner)), writes_(std::move(writes)) {}
+  CountingDataAccess(std::shared_ptr<pelkedit::IDataAccess> inner,
+                     std::shared_ptr<EditorEnvironment::Counts> counts)
+      : inner_(std::move(inner)), counts_(std::move(counts)) {}
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override {
     return inner_->ReadIbo(iboId, procName);
   }
   void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override {
-    inner_->WriteIbo(data, procName);
-    ++*writes_;
+    try {
+      inner_->WriteIbo(data, procName);
+    } catch (const pelkedit::PelkError& error) {
+      if (IsSaveConflict(error)) ++counts_->savesRefused;
+      throw;
+    }
+    ++counts_->writes;
   }
 
  private:
   std::shared_ptr<pelkedit::IDataAccess> inner_;
-  std::shared_ptr<int> writes_;
+  std::shared_ptr<EditorEnvironment::Counts> counts_;
 };
 
 std::string InFolder(QStandardPaths::StandardLocation location, const char* fileName) {
@@ -65,7 +72,7 @@ EditorEnvironment::~EditorEnvironment() {
 void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
   RegisterTraceComponent(factory_, platform_, traceLogPath);
   factory_.Register(pelkedit::kDataProgId, [this] {
-    return std::make_shared<CountingDataAccess>(CreateDataAccess(dbSource_), writes_);
+    return std::make_shared<CountingDataAccess>(CreateDataAccess(dbSource_), counts_);
   });
   RegisterRecordComponents(factory_);
   const auto advisor = [this, rules = DefaultRuleFile()]() -> pelkedit::ObjectPtr {

@@ -31,8 +31,14 @@ class EditorEnvironment {
   QtPlatform& Platform() { return platform_; }
   // The database, opened at the first call; a file that cannot be opened is a PelkError.
   std::shared_ptr<IIboStore> Db() { return dbSource_(); }
-  // Records the editor has written through its data objects so far.
-  int WritesDone() const { return *writes_; }
+  // What the editor's data objects have done so far: records written, and saves refused
+  // because someone else had saved the IBO since it was read.
+  struct Counts {
+    int writes = 0;
+    int savesRefused = 0;
+  };
+  int WritesDone() const { return counts_->writes; }
+  int SavesRefused() const { return counts_->savesRefused; }
   // Why the advisor's rule file could not be used ("" while it can); the editor then runs with
   // an engine that gives no advice rather than not at all.
   const std::string& AdvisorProblem() const { return advisorProblem_; }
@@ -43,7 +49,7 @@ class EditorEnvironment {
   pelkedit::ObjectFactory factory_;
   QtPlatform platform_{factory_};
   DatabaseSource dbSource_;
-  std::shared_ptr<int> writes_ = std::make_shared<int>(0);
+  std::shared_ptr<Counts> counts_ = std::make_shared<Counts>();
   std::string advisorProblem_;
 };
 

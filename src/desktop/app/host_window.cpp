@@ -12,12 +12,14 @@
 #include <vector>
 
 #include "app/open_ibo_dialog.h"
+#include "app/stored_version_dialog.h"
 #include "app/window_keys.h"
 #include "binding/date_widgets.h"
 #include "contracts/names.h"
 #include "control/layout.h"
 #include "pictures/pictures.h"
 #include "platform/platform.h"
+#include "record/ibo_properties.h"
 #include "values/error.h"
 
 namespace pelkor::desktop {
@@ -28,6 +30,8 @@ constexpr int kFormWidth = 600;
 constexpr int kFormHeight = 400;
 constexpr const char* kAppTitle = "Pelkor";
 constexpr int kStatusMessageMs = 8000;
+// Long enough to read after closing the refusal's message box.
+constexpr int kConflictMessageMs = 30000;
 
 struct StatusChoice {
   std::int32_t status;
@@ -175,6 +179,8 @@ void HostWindow::BuildMenus() {
   }
   upgradeAction_ =
       iboMenu_->addAction(tr("&Upgrade to Expert Mode"), this, &HostWindow::UpgradeToExpert);
+  iboMenu_->addSeparator();
+  iboMenu_->addAction(tr("&Compare with Stored Version..."), this, &HostWindow::CompareWithStored);
 }
 
 void HostWindow::UpdateActions() {
@@ -197,7 +203,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
   binder->setObjectName("binder");
   SetTabOrder(component->Widgets(), *binder);
-  connect(binder, &Binder::userActionHandled, this, &HostWindow::UpdateTitle);
+  connect(binder, &Binder::userActionHandled, this, &HostWindow::AfterUserAction);
   if (QWidget* advisorSays = binder->WidgetFor(pelkedit::widget::cmdAdvisorSays)) {
     advisorSays->setToolTip(tr("Hold the button (or Space) to see the advisor's view"));
   }
@@ -207,6 +213,8 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   form_ = form;
   binder_ = binder;
   component_ = std::move(component);
+  iboId_ = iboId;
+  view_ = view;
   tableLabel_->setText(view == pelkedit::view::kArchive ? tr("Archived IBO") : QString());
   UpdateActions();
   UpdateTitle();
@@ -265,6 +273,30 @@ void HostWindow::UpdateTitle() {
   }
   setWindowTitle((title.isEmpty() ? QString(kAppTitle) : title) + "[*]");
   setWindowModified(component_ && component_->IboChanged());
+}
+
+void HostWindow::AfterUserAction() {
+  UpdateTitle();
+  if (environment_.SavesRefused() == savesRefusedSeen_) return;
+  savesRefusedSeen_ = environment_.SavesRefused();
+  statusBar()->showMessage(tr("Someone else saved this IBO after you opened it. IBO > Compare "
+                              "with Stored Version shows what differs."),
+                           kConflictMessageMs);
+}
+
+void HostWindow::CompareWithStored() {
+  if (!component_) return;
+  const IboTable table = view_ == pelkedit::view::kArchive ? IboTable::kArchive : IboTable::kMain;
+  std::vector<PropertyDifference> differences;
+  const bool compared = HostCall([&] {
+    const auto stored = CreateIboProperties();
+    stored->SetIboData(environment_.Db()->Read(table, iboId_));
+    differences = DifferencesBetween(*component_->Record(), *stored);
+  });
+  if (!compared) return;
+  StoredVersionDialog dialog(iboId_, std::move(differences), this);
+  // The user chose to discard the changes: the component is replaced without asking again.
+  if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
 }
 
 bool HostWindow::HostCall(const std::function<void()>& call) {

@@ -45,6 +45,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void ChangeStartDate();
   void ChangeStatus(std::int32_t status);
   void UpgradeToExpert();
+  // What differs between the editor and the stored record; the user may reopen the stored one.
+  void CompareWithStored();
 
   void SetFormCaption(const std::string& caption) override;
   void SetIBOStatus(std::int32_t status) override;
@@ -67,6 +69,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void OnCloseRequested();
   // The title: the editor's caption, the company, and the unsaved-changes marker.
   void UpdateTitle();
+  // After each user action: the title, and a pointer to the comparison after a refused save.
+  void AfterUserAction();
 
   EditorEnvironment& environment_;
   std::unique_ptr<pelkedit::PelkIboEdit> component_;
@@ -80,6 +84,11 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   std::string caption_;
   QAction* upgradeAction_ = nullptr;
   bool expert_ = false;
+  // The IBO shown and where it was read from.
+  std::int32_t iboId_ = 0;
+  std::int32_t view_ = 0;
+  // Refused saves already pointed out.
+  int savesRefusedSeen_ = 0;
   // Set while the component's own close request (after Save or Cancel) is being handled.
   bool closeRequested_ = false;
 };

@@ -13,9 +13,11 @@
 
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
+#include "app/stored_version_dialog.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
 #include "help_viewer/help_window.h"
+#include "record/ibo_properties.h"
 #include "widgets/controls.h"
 
 namespace pelkor::desktop {
@@ -133,6 +135,17 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
   shootDialog("contact-lookup", [&] {
     window.Binding()->Run(
         [&] { component.Widgets().Get<pelkedit::Button>("cmdContactLookup").UserClick(); });
+  });
+  // The comparison a refused save leads to, as if a colleague had changed the company and the
+  // expected date meanwhile.
+  shootDialog("stored-version", [&] {
+    const auto theirs = CreateIboProperties();
+    theirs->SetIboData(component.Record()->GetIboData());
+    theirs->Set(pelkedit::prop::ContactCompany,
+                component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
+    theirs->Set("WwihDate", pelkedit::Date::FromCivil(2026, 12, 18));
+    StoredVersionDialog dialog(iboId, DifferencesBetween(*component.Record(), *theirs), &window);
+    dialog.exec();
   });
   if (component.State().expertView) {
     const auto probe = std::find_if(tabs.begin(), tabs.end(),

@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Runs the load and save benchmarks on both backends: a SQLite file, and a throwaway local
+# PostgreSQL server (Unix socket) started for the run and removed after it.
+# Usage: scripts/bench-stores.sh [BUILD_DIR] [benchmark options...]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build=${1:-build/default}
+shift || true
+cluster=$(mktemp -d /tmp/pelkor-bench-pg.XXXXXX)
+trap 'scripts/pg-cluster.sh stop "${cluster}"' EXIT
+scripts/pg-cluster.sh start "${cluster}"
+scripts/pg-cluster.sh createdb "${cluster}" store_bench
+PELKOR_BENCH_PG="postgresql:///store_bench?host=${cluster}&user=pelkor" \
+  "${build}/bench/store_bench" "$@"

@@ -1,0 +1,131 @@
+#include "app/stored_version_dialog.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "record/ibo_properties.h"
+#include "record/record_schema.h"
+
+namespace pelkor::desktop {
+namespace {
+
+constexpr int kDialogWidth = 620;
+constexpr int kDialogHeight = 420;
+
+// What the editor keeps up to date by itself: the save bookkeeping, and the advisor's results,
+// which follow from the answers compared.
+constexpr std::array kBookkeeping = {"DirtyFlag", "ModifiedDate"};
+constexpr std::string_view kAdvisorResultPrefix = "Advisor";
+
+bool IsBookkeeping(const std::string& name) {
+  return std::find(kBookkeeping.begin(), kBookkeeping.end(), name) != kBookkeeping.end() ||
+         name.rfind(kAdvisorResultPrefix, 0) == 0;
+}
+
+QString Shown(const pelkedit::Variant& value) {
+  if (value.Type() == pelkedit::VariantType::kString) {
+    return QString::fromStdString(value.AsString());
+  }
+  return QString::fromStdString(value.ToDisplay());
+}
+
+}  // namespace
+
+std::vector<PropertyDifference> DifferencesBetween(pelkedit::IRecord& yours,
+                                                   pelkedit::IRecord& stored) {
+  std::vector<PropertyDifference> differences;
+  const auto compare = [&](const QString& name, const pelkedit::Variant& mine,
+                           const pelkedit::Variant& theirs) {
+    if (mine != theirs) differences.push_back({name, Shown(mine), Shown(theirs)});
+  };
+  for (const PropertyInfo& info : RecordSchema()) {
+    // Derived properties follow from the others, which are compared.
+    if (info.readOnly || IsBookkeeping(info.name)) continue;
+    const QString name = QString::fromStdString(info.name);
+    if (!info.indexed) {
+      compare(name, yours.Get(info.name), stored.Get(info.name));
+      continue;
+    }
+    for (std::int32_t slot = 0; slot < detail::kTrialCloseSlots; ++slot) {
+      compare(QString("%1[%2]").arg(name).arg(slot), yours.GetAt(info.name, slot),
+              stored.GetAt(info.name, slot));
+    }
+  }
+  return differences;
+}
+
+StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
+                                         std::vector<PropertyDifference> differences,
+                                         QWidget* parent)
+    : QDialog(parent), iboId_(iboId), differences_(std::move(differences)) {
+  setObjectName("StoredVersionDialog");
+  setWindowTitle(tr("Compare with Stored Version - IBO %1").arg(iboId));
+  auto* layout = new QVBoxLayout(this);
+  auto* intro = new QLabel(
+      differences_.empty()
+          ? tr("Your IBO and the stored version hold the same values.")
+          : tr("Someone else saved IBO %1 after you opened it. These values differ between "
+               "your unsaved changes and the stored version. Copy the list or note what you "
+               "need, then reopen the stored version and make your changes there.")
+                .arg(iboId),
+      this);
+  intro->setWordWrap(true);
+  layout->addWidget(intro);
+
+  auto* table = new QTableWidget(static_cast<int>(differences_.size()), 3, this);
+  table->setObjectName("differences");
+  table->setHorizontalHeaderLabels({tr("Property"), tr("Yours"), tr("Stored")});
+  table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  table->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table->verticalHeader()->hide();
+  table->horizontalHeader()->setStretchLastSection(true);
+  for (int row = 0; row < static_cast<int>(differences_.size()); ++row) {
+    const PropertyDifference& difference = differences_[static_cast<std::size_t>(row)];
+    table->setItem(row, 0, new QTableWidgetItem(difference.property));
+    table->setItem(row, 1, new QTableWidgetItem(difference.yours));
+    table->setItem(row, 2, new QTableWidgetItem(difference.stored));
+  }
+  table->resizeColumnsToContents();
+  layout->addWidget(table);
+
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+  QPushButton* copy = buttons->addButton(tr("&Copy List"), QDialogButtonBox::ActionRole);
+  copy->setEnabled(!differences_.empty());
+  QPushButton* reopen =
+      buttons->addButton(tr("&Reopen Stored Version..."), QDialogButtonBox::DestructiveRole);
+  reopen->setObjectName("reopen");
+  connect(copy, &QPushButton::clicked, this,
+          [this] { QApplication::clipboard()->setText(AsText()); });
+  connect(reopen, &QPushButton::clicked, this, &StoredVersionDialog::ConfirmReopen);
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  layout->addWidget(buttons);
+  resize(kDialogWidth, kDialogHeight);
+}
+
+QString StoredVersionDialog::AsText() const {
+  QString text = tr("IBO %1\tYours\tStored\n").arg(iboId_);
+  for (const PropertyDifference& difference : differences_) {
+    text += difference.property + "\t" + difference.yours + "\t" + difference.stored + "\n";
+  }
+  return text;
+}
+
+void StoredVersionDialog::ConfirmReopen() {
+  const auto answer = QMessageBox::question(
+      this, tr("Reopen Stored Version"),
+      tr("Discard your unsaved changes to IBO %1 and open the stored version?").arg(iboId_),
+      QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+  if (answer == QMessageBox::Yes) done(kReopen);
+}
+
+}  // namespace pelkor::desktop

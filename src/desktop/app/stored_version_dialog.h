@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <cstdint>
+#include <vector>
+
+#include "contracts/record.h"
+
+namespace pelkor::desktop {
+
+// One property whose value in the editor differs from the stored record's.
+struct PropertyDifference {
+  QString property;  // "ContactCompany", or "TrialCloseDate[3]" for a trial-close slot
+  QString yours;
+  QString stored;
+};
+
+// The stored properties (every trial-close slot of the indexed ones) whose values differ, in
+// the record's order; what the editor keeps up to date by itself (the dirty flag, the modified
+// date, the advisor's results) is left out.
+std::vector<PropertyDifference> DifferencesBetween(pelkedit::IRecord& yours,
+                                                   pelkedit::IRecord& stored);
+
+// After a save was refused because someone else saved the IBO: what differs between the
+// editor and the stored version, to copy or note before reopening the newer record.
+class StoredVersionDialog : public QDialog {
+  Q_OBJECT
+ public:
+  // exec() returns this when the user chose to discard the editor's changes and reopen.
+  static constexpr int kReopen = 2;
+
+  StoredVersionDialog(std::int32_t iboId, std::vector<PropertyDifference> differences,
+                      QWidget* parent = nullptr);
+
+  // The differences as tab-separated lines with a heading, as Copy puts them on the clipboard.
+  QString AsText() const;
+
+ private:
+  void ConfirmReopen();
+
+  std::int32_t iboId_;
+  std::vector<PropertyDifference> differences_;
+};
+
+}  // namespace pelkor::desktop
