@@ -8,7 +8,7 @@ build=${1:-build/default}
 shift || true
 cluster=$(mktemp -d /tmp/pelkor-bench-pg.XXXXXX)
 trap 'scripts/pg-cluster.sh stop "${cluster}"' EXIT
-scripts/pg-cluster.sh start "${cluster}"
+PELKOR_PG_FSYNC=on scripts/pg-cluster.sh start "${cluster}"
 scripts/pg-cluster.sh createdb "${cluster}" store_bench
 PELKOR_BENCH_PG="postgresql:///store_bench?host=${cluster}&user=pelkor" \
   "${build}/bench/store_bench" "$@"

@@ -9,7 +9,9 @@ set -euo pipefail
 usage() { echo "usage: $0 start|stop DIR | createdb DIR NAME" >&2; exit 2; }
 [ $# -ge 2 ] || usage
 command=$1
-dir=$2
+dir=$(realpath -m "$2")
+# The cluster's owner may not be allowed into the caller's folder.
+cd /
 bindir=$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -V | tail -n 1)
 if [ -z "${bindir}" ]; then
   echo "PostgreSQL's server programs are not installed; run scripts/install-deps.sh" >&2
@@ -40,9 +42,11 @@ case "${command}" in
     as_owner "${bindir}/initdb" -D "${dir}/data" -U pelkor --auth=trust --encoding=UTF8 \
       --locale=C --no-sync >"${dir}/initdb.log" 2>&1 ||
       { cat "${dir}/initdb.log" >&2; exit 1; }
-    # A throwaway cluster needs no durability: no fsync makes the tests faster.
+    # A throwaway cluster for tests needs no durability: no fsync makes them faster. Benchmarks
+    # set PELKOR_PG_FSYNC=on to measure a server that writes as a real one does.
+    fsync=${PELKOR_PG_FSYNC:-off}
     if ! as_owner "${bindir}/pg_ctl" -D "${dir}/data" -l "${dir}/server.log" -w -s \
-      -o "-c listen_addresses='' -c unix_socket_directories='${dir}' -c fsync=off" start; then
+      -o "-c listen_addresses='' -c unix_socket_directories='${dir}' -c fsync=${fsync}" start; then
       cat "${dir}/server.log" >&2
       exit 1
     fi

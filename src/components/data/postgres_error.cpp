@@ -1,17 +1,18 @@
 #include "data/postgres_error.h"
 
+#include <string_view>
+
 namespace pelkor::data_detail {
 namespace {
 
 // The first line of a libpq message: the rest repeats hints meant for administrators.
 std::string FirstLine(const std::string& text) {
   std::string line = text.substr(0, text.find('\n'));
-  // "connection to server on socket ... failed: FATAL:  role ..." -> "role ..."
-  for (const std::string marker : {"FATAL:  ", "failed: "}) {
-    const std::size_t at = line.rfind(marker);
-    if (at != std::string::npos) return line.substr(at + marker.size());
-  }
-  return line;
+  // "connection to server on socket ... failed: FATAL:  role ..." -> "role ..."; a server that
+  // does not answer keeps the address it was tried at.
+  constexpr std::string_view kFatal = "FATAL:  ";
+  const std::size_t at = line.rfind(kFatal);
+  return at == std::string::npos ? line : line.substr(at + kFatal.size());
 }
 
 bool Mentions(const std::string& text, const char* words) {
