@@ -1,0 +1,61 @@
+// The host's menu commands: opening another IBO, the IBO menu's changes, and the comparison
+// with the stored version after a refused save.
+#include "app/host_window.h"
+
+#include "app/open_ibo_dialog.h"
+#include "app/stored_version_dialog.h"
+#include "record/ibo_properties.h"
+
+namespace pelkor::desktop {
+
+void HostWindow::ChooseIbo() {
+  std::vector<IboSummary> ibos;
+  if (!HostCall([&] { ibos = environment_.Db()->ListIbos(); })) return;
+  QString source;
+  HostCall([&] { source = QString::fromStdString(environment_.Db()->Location()); });
+  OpenIboDialog dialog(ibos, source, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const auto chosen = dialog.Chosen();
+  if (!chosen) return;
+  if (!ReleaseCurrent()) return;
+  OpenIbo(chosen->id, chosen->archived ? pelkedit::view::kArchive : pelkedit::view::kMain);
+}
+
+void HostWindow::ChangeStartDate() {
+  if (component_) ChangeCall([this] { component_->IboChangeStartDate(); });
+}
+
+void HostWindow::ChangeStatus(std::int32_t status) {
+  if (component_) ChangeCall([this, status] { component_->IboChangeStatus(status); });
+  // A status the change did not reach stays checked as it was.
+  if (component_) HostCall([this] { SetIBOStatus(component_->IboStatus()); });
+}
+
+void HostWindow::UpgradeToExpert() {
+  if (!component_) return;
+  // The upgrade cannot be undone: the user confirms it first.
+  const auto answer = environment_.Platform().MsgBox(
+      tr("Upgrade this IBO to Expert Mode? The Sales Environment questions become part of it, "
+         "and an IBO cannot go back to Basic Mode.")
+          .toStdString(),
+      pelkedit::MsgIcon::kQuestion, pelkedit::MsgButtons::kYesNo, tr("Expert Mode").toStdString());
+  if (answer != pelkedit::MsgAnswer::kYes) return;
+  ChangeCall([this] { component_->IboUpgradeToExpert(); });
+}
+
+void HostWindow::CompareWithStored() {
+  if (!component_) return;
+  const IboTable table = view_ == pelkedit::view::kArchive ? IboTable::kArchive : IboTable::kMain;
+  std::vector<PropertyDifference> differences;
+  const bool compared = HostCall([&] {
+    const auto stored = CreateIboProperties();
+    stored->SetIboData(environment_.Db()->Read(table, iboId_));
+    differences = DifferencesBetween(*component_->Record(), *stored);
+  });
+  if (!compared) return;
+  StoredVersionDialog dialog(iboId_, std::move(differences), this);
+  // The user chose to discard the changes: the component is replaced without asking again.
+  if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
+}
+
+}  // namespace pelkor::desktop
