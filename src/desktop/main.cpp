@@ -24,8 +24,6 @@ using pelkor::desktop::EditorEnvironment;
 using pelkor::desktop::HostWindow;
 
 constexpr const char* kScreenshotsOption = "--screenshots";
-// Names the database when --db does not: a team points every editor at its server once.
-constexpr const char* kDatabaseVariable = "PELKOR_DB";
 
 struct Options {
   std::string db;
@@ -151,7 +149,7 @@ int main(int argc, char** argv) {
   cli.add_option("--db", options.db,
                  "database file or postgresql:// URI (default: $PELKOR_DB, else the demo "
                  "database)")
-      ->envname(kDatabaseVariable);
+      ->envname(pelkor::kDatabaseVariable);
   cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
   cli.add_option("--view", options.view,
                  "view code: 0 to 2 main table, 3 archive (default: where the IBO is)")

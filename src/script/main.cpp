@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "data/ibo_store.h"
 #include "runner.h"
 
 int main(int argc, char** argv) {
@@ -10,7 +11,7 @@ int main(int argc, char** argv) {
   std::vector<std::string> files;
   app.add_option("--db", options.dbPath,
                  "database file or postgresql:// URI to use instead of an in-memory one")
-      ->envname("PELKOR_DB");
+      ->envname(pelkor::kDatabaseVariable);
   app.add_option("--trace-log", options.traceLogPath, "file the trace component writes to");
   app.add_option("files", files, "scenario files ('-' or none: standard input)");
   try {

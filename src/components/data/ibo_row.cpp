@@ -16,15 +16,22 @@ const char* TableSqlName(IboTable table) {
   return table == IboTable::kArchive ? "ibo_archive" : "ibo_main";
 }
 
-IboRow DecodeRow(const pelkedit::Blob& data, IboTable table, const std::string& location) {
-  const auto record = CreateIboProperties();
+std::shared_ptr<pelkedit::IRecord> DecodeOrRefuse(
+    const pelkedit::Blob& data, const std::function<std::string(const std::string&)>& refusal) {
+  auto record = CreateIboProperties();
   try {
     record->SetIboData(data);
   } catch (const pelkedit::PelkError& error) {
-    RaiseDataError("The record to be written to the " + std::string(IboTableName(table)) +
-                   " table of " + location +
-                   " is not a valid IBO, so nothing was written: " + error.Description() + ".");
+    RaiseDataError(refusal(error.Description()));
   }
+  return record;
+}
+
+IboRow DecodeRow(const pelkedit::Blob& data, IboTable table, const std::string& location) {
+  const auto record = DecodeOrRefuse(data, [&](const std::string& why) {
+    return "The record to be written to the " + std::string(IboTableName(table)) + " table of " +
+           location + " is not a valid IBO, so nothing was written: " + why + ".";
+  });
   IboRow row;
   row.table = table;
   row.id = record->Get("IboId").AsLong();

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 
 #include "data/ibo_store.h"
@@ -25,6 +27,11 @@ struct IboRow {
   bool expert = false;
   const pelkedit::Blob* data = nullptr;
 };
+
+// The record `data` holds; bytes that are not a valid IBO are error 5 with the description
+// `refusal` makes of the decoder's reason.
+std::shared_ptr<pelkedit::IRecord> DecodeOrRefuse(
+    const pelkedit::Blob& data, const std::function<std::string(const std::string&)>& refusal);
 
 // Decodes a record bound for `table` of the store at `location`; a record that is not a valid
 // IBO is refused (error 5) before anything is written.

@@ -1,6 +1,7 @@
 #include "data/ibo_store.h"
 
 #include "data/data_error.h"
+#include "data/ibo_row.h"
 #include "data/store_backends.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
@@ -27,33 +28,32 @@ std::shared_ptr<IIboStore> OpenIboStore(const std::string& name, StoreOpening op
 }
 
 std::int32_t RecordIdOf(const pelkedit::Blob& data) {
-  const auto record = CreateIboProperties();
-  try {
-    record->SetIboData(data);
-  } catch (const pelkedit::PelkError& error) {
-    RaiseDataError("The record to be saved is not a valid IBO, so nothing was written: " +
-                   error.Description() + ".");
-  }
+  const auto record = data_detail::DecodeOrRefuse(data, [](const std::string& why) {
+    return "The record to be saved is not a valid IBO, so nothing was written: " + why + ".";
+  });
   return record->Get("IboId").AsLong();
 }
 
 VersionedIbo IIboStore::ReadVersioned(IboTable table, std::int32_t id) {
   std::optional<VersionedIbo> found = FindVersioned(table, id);
-  const std::string where =
-      "IBO " + std::to_string(id) + " in the " + IboTableName(table) + " table of " + Location();
   if (!found) {
     RaiseDataError("IBO " + std::to_string(id) + " was not found in the " + IboTableName(table) +
                    " table of " + Location() +
                    ". Check the IBO number, or open the database that holds it.");
   }
   // A stored record that cannot be decoded is named here, where its IBO and file are known.
-  try {
-    CreateIboProperties()->SetIboData(found->data);
-  } catch (const pelkedit::PelkError& error) {
-    RaiseDataError(where + " is damaged and cannot be opened: " + error.Description() +
-                   ". Restore the database from a backup.");
-  }
+  data_detail::DecodeOrRefuse(found->data, [&](const std::string& why) {
+    return "IBO " + std::to_string(id) + " in the " + IboTableName(table) + " table of " +
+           Location() + " is damaged and cannot be opened: " + why +
+           ". Restore the database from a backup.";
+  });
   return std::move(*found);
+}
+
+std::optional<pelkedit::Blob> IIboStore::Find(IboTable table, std::int32_t id) {
+  std::optional<VersionedIbo> found = FindVersioned(table, id);
+  if (!found) return std::nullopt;
+  return std::move(found->data);
 }
 
 pelkedit::Blob IIboStore::Read(IboTable table, std::int32_t id) {

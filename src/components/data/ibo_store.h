@@ -69,8 +69,6 @@ class IIboStore {
 
   // What the store is called in messages: its file, or its server.
   virtual std::string Location() const = 0;
-  // The stored record, or nullopt when the table has no row with that id.
-  virtual std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id) = 0;
   // Inserts or replaces the row whose id the record carries (tools and set-up).
   virtual void Write(IboTable table, const pelkedit::Blob& data) = 0;
   // The stored record and the version of its row, read together; every write of a row gives it
@@ -94,6 +92,8 @@ class IIboStore {
   // the same person), all in one transaction; returns how many were added.
   virtual int AddContacts(const std::vector<Contact>& contacts) = 0;
 
+  // The stored record, or nullopt when the table has no row with that id.
+  std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id);
   // The stored record; a missing row is error 5 naming the id, the table and the store.
   pelkedit::Blob Read(IboTable table, std::int32_t id);
   // The same with the row's version; a record that cannot be decoded is error 5 too.
@@ -111,6 +111,9 @@ std::int32_t RecordIdOf(const pelkedit::Blob& data);
 // or the tables in an empty server database); listing, importing and copying from need one that
 // is there, so a mistyped name does not leave an empty database behind.
 enum class StoreOpening { kCreateIfMissing, kExistingOnly };
+
+// The environment variable that names the database when a program is given none.
+inline constexpr const char* kDatabaseVariable = "PELKOR_DB";
 
 // True when `name` is a PostgreSQL connection URI ("postgresql://..." or "postgres://...")
 // rather than a SQLite file path.

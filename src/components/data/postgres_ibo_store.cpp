@@ -43,13 +43,12 @@ pqxx::binarystring BytesOf(const IboRow& row) {
 // statements are prepared once per connection.
 class PostgresIboStore final : public IIboStore {
  public:
-  PostgresIboStore(std::string uri, std::unique_ptr<pqxx::connection> connection)
-      : location_(DescribeLocation(uri)), connection_(std::move(connection)) {
+  PostgresIboStore(std::string location, std::unique_ptr<pqxx::connection> connection)
+      : location_(std::move(location)), connection_(std::move(connection)) {
     Prepare();
   }
 
   std::string Location() const override { return location_; }
-  std::optional<Blob> Find(IboTable table, std::int32_t id) override;
   void Write(IboTable table, const Blob& data) override;
   std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
   std::int64_t Update(IboTable table, std::int32_t id, const Blob& data,
@@ -104,12 +103,6 @@ void PostgresIboStore::Prepare() {
   connection_->prepare("add_contact",
                        "INSERT INTO contacts (first_name, last_name, company, address, phone,"
                        " email) VALUES ($1, $2, $3, $4, $5, $6) ON CONFLICT DO NOTHING");
-}
-
-std::optional<Blob> PostgresIboStore::Find(IboTable table, std::int32_t id) {
-  std::optional<VersionedIbo> found = FindVersioned(table, id);
-  if (!found) return std::nullopt;
-  return std::move(found->data);
 }
 
 std::optional<VersionedIbo> PostgresIboStore::FindVersioned(IboTable table, std::int32_t id) {
@@ -233,7 +226,7 @@ std::shared_ptr<IIboStore> OpenPostgresStore(const std::string& uri, StoreOpenin
     return std::make_unique<pqxx::connection>(WithConnectTimeout(uri));
   });
   PrepareServerDatabase(*connection, location, opening);
-  return std::make_shared<PostgresIboStore>(uri, std::move(connection));
+  return std::make_shared<PostgresIboStore>(location, std::move(connection));
 }
 
 }  // namespace pelkor::data_detail

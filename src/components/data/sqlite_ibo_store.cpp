@@ -36,7 +36,6 @@ class SqliteIboStore final : public IIboStore {
       : path_(std::move(path)), db_(std::move(db)) {}
 
   std::string Location() const override { return DescribeLocation(path_); }
-  std::optional<Blob> Find(IboTable table, std::int32_t id) override;
   void Write(IboTable table, const Blob& data) override;
   std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
   std::int64_t Update(IboTable table, std::int32_t id, const Blob& data,
@@ -73,22 +72,6 @@ std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening
 }
 
 }  // namespace data_detail
-
-std::optional<Blob> SqliteIboStore::Find(IboTable table, std::int32_t id) {
-  std::lock_guard lock(mutex_);
-  const std::string action = "Cannot read " + Where(id, "from", table) + " of " + Location();
-  return WithSqlErrors(action, [&]() -> std::optional<Blob> {
-    SQLite::Statement query(
-        *db_, std::string("SELECT data FROM ") + TableSqlName(table) + " WHERE id = ?");
-    query.bind(1, id);
-    if (!query.executeStep()) {
-      return std::nullopt;
-    }
-    const SQLite::Column column = query.getColumn(0);
-    const auto* bytes = static_cast<const std::uint8_t*>(column.getBlob());
-    return Blob(bytes, bytes + column.getBytes());
-  });
-}
 
 std::optional<VersionedIbo> SqliteIboStore::FindVersioned(IboTable table, std::int32_t id) {
   std::lock_guard lock(mutex_);

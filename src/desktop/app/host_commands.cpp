@@ -45,7 +45,7 @@ void HostWindow::UpgradeToExpert() {
 
 void HostWindow::CompareWithStored() {
   if (!component_) return;
-  const IboTable table = view_ == pelkedit::view::kArchive ? IboTable::kArchive : IboTable::kMain;
+  const IboTable table = TableForProcedure(pelkedit::RetrievalProcedureOf(view_));
   std::vector<PropertyDifference> differences;
   const bool compared = HostCall([&] {
     const auto stored = CreateIboProperties();

@@ -143,7 +143,7 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
     theirs->SetIboData(component.Record()->GetIboData());
     theirs->Set(pelkedit::prop::ContactCompany,
                 component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
-    theirs->Set("WwihDate", pelkedit::Date::FromCivil(2026, 12, 18));
+    theirs->Set(pelkedit::prop::WwihDate, pelkedit::Date::FromCivil(2026, 12, 18));
     StoredVersionDialog dialog(iboId, DifferencesBetween(*component.Record(), *theirs), &window);
     dialog.exec();
   });

@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <array>
-#include <string_view>
 
+#include "contracts/names.h"
 #include "record/ibo_properties.h"
 #include "record/record_schema.h"
 
@@ -24,12 +24,12 @@ constexpr int kDialogHeight = 420;
 
 // What the editor keeps up to date by itself: the save bookkeeping, and the advisor's results,
 // which follow from the answers compared.
-constexpr std::array kBookkeeping = {"DirtyFlag", "ModifiedDate"};
-constexpr std::string_view kAdvisorResultPrefix = "Advisor";
+constexpr std::array kBookkeeping = {
+    pelkedit::prop::DirtyFlag,  pelkedit::prop::ModifiedDate, pelkedit::prop::AdvisorExtraResult,
+    pelkedit::prop::AdvisorWih, pelkedit::prop::AdvisorWwgi,  pelkedit::prop::AdvisorPriority};
 
 bool IsBookkeeping(const std::string& name) {
-  return std::find(kBookkeeping.begin(), kBookkeeping.end(), name) != kBookkeeping.end() ||
-         name.rfind(kAdvisorResultPrefix, 0) == 0;
+  return std::find(kBookkeeping.begin(), kBookkeeping.end(), name) != kBookkeeping.end();
 }
 
 QString Shown(const pelkedit::Variant& value) {

@@ -16,8 +16,6 @@
 namespace {
 
 constexpr int kExitFailure = 1;
-// Names the database when none is given on the command line, as for the editor.
-constexpr const char* kDatabaseVariable = "PELKOR_DB";
 
 const char* Plural(int count) {
   return count == 1 ? "" : "s";
@@ -89,7 +87,7 @@ int main(int argc, char** argv) {
   std::string path;
   const auto database = [&](CLI::App* command) {
     command->add_option("DATABASE", path, "Database file or postgresql:// URI")
-        ->envname(kDatabaseVariable)
+        ->envname(pelkor::kDatabaseVariable)
         ->required();
   };
 
