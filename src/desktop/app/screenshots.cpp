@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTimer>
 #include <algorithm>
 #include <cctype>
@@ -120,6 +122,14 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
     Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   }
   window.resize(designed);
+  // The IBO menu, opened under its title, with the host's commands on this IBO.
+  for (QAction* title : window.menuBar()->actions()) {
+    if (title->menu() == nullptr || title->text() != QObject::tr("&IBO")) continue;
+    title->menu()->popup(window.mapToGlobal(window.menuBar()->actionGeometry(title).bottomLeft()));
+    QApplication::processEvents();
+    written << Save(*title->menu(), folder, iboId, "ibo-menu");
+    title->menu()->close();
+  }
   // A dialog as it opens: photographed, then closed with its close box.
   const auto shootDialog = [&](const char* name, const std::function<void()>& open) {
     QTimer::singleShot(0, &window, [&, name] {

@@ -109,6 +109,16 @@ StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
   connect(reopen, &QPushButton::clicked, this, &StoredVersionDialog::ConfirmReopen);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   layout->addWidget(buttons);
+  // Enter only closes: reopening discards the user's changes, so it is never the default.
+  QPushButton* close = buttons->button(QDialogButtonBox::Close);
+  close->setDefault(true);
+  reopen->setAutoDefault(false);
+  copy->setAutoDefault(false);
+  // Tab runs from the list through the buttons as they stand, left to right.
+  setTabOrder(table, reopen);
+  setTabOrder(reopen, copy);
+  setTabOrder(copy, close);
+  table->setFocus();
   resize(kDialogWidth, kDialogHeight);
 }
 
