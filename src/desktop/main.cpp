@@ -58,7 +58,7 @@ QtMessageHandler standardMessageHandler = nullptr;
 
 // The offscreen platform's notes about what it cannot do say nothing about the editor.
 void QuietOffscreenNotes(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (type == QtWarningMsg && (text.contains("propagateSizeHints") ||
+  if (type == QtWarningMsg && (text.startsWith("This plugin does not support") ||
                                text.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set"))) {
     return;
   }
