@@ -3,6 +3,8 @@
 #include <set>
 
 #include "advisor/advisor_names.h"
+#include "advisor/rule_engine.h"
+#include "advisor/rule_file.h"
 #include "data/ibo_store.h"
 #include "record/ibo_properties.h"
 #include "session.h"
@@ -103,6 +105,16 @@ void Session::Engine(const Words& w) {
   RequireWords(w, 2, 2, "engine rules|scripted");
   const std::string& kind = Bare(w[1]);
   if (kind != "rules" && kind != "scripted") throw ScriptError("unknown engine " + kind);
+  // A rule file that cannot be used is the scenario's mistake: say which file, where and why,
+  // rather than let every engine the editor creates fail on it.
+  if (kind == "rules") {
+    try {
+      pelkor::CreateRuleEngine(pelkor::DefaultRuleFile(),
+                               [this] { return world_.platform.Today(); });
+    } catch (const pelkor::RuleFileError& error) {
+      throw ScriptError(std::string("engine rules: ") + error.what());
+    }
+  }
   world_.UseRuleEngine(kind == "rules");
 }
 

@@ -62,10 +62,11 @@ double NumberOf(const Variant& value) {
   }
 }
 
-// A rating rounded into 0..top; anything not finite counts as the lowest.
+// A rating rounded into 0..top; anything not finite counts as the lowest. Clamped before it is
+// rounded, so that a huge rating is the highest rather than whatever an overflow leaves.
 int Clamp(double value, int top) {
   if (!std::isfinite(value)) return 0;
-  return std::clamp(static_cast<int>(std::lround(value)), 0, top);
+  return static_cast<int>(std::lround(std::clamp(value, 0.0, static_cast<double>(top))));
 }
 
 const Variant& FactOf(const std::vector<Variant>& facts, const char* name) {

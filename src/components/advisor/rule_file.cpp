@@ -2,9 +2,10 @@
 
 #include <ini.h>
 
+#include "config/ini_lines.h"
+
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 namespace pelkor {
@@ -16,8 +17,6 @@ constexpr const char* kVerdict = "verdict";
 constexpr const char* kTexts = "texts";
 constexpr const char* kRulePrefix = "rule ";
 constexpr const char* kRuleFileName = "advisor.rules";
-// The INI reader cuts lines at this length; longer ones must be continued on indented lines.
-constexpr std::size_t kLongestLine = 199;
 constexpr int kLowestPriority = 5;
 constexpr int kDefaultMaxActions = 6;
 
@@ -31,6 +30,10 @@ struct Reading {
   std::string previousSection;
   std::string previousKey;
   std::string error;
+  // The line of each handler call, in order, and the line of the call being handled.
+  std::vector<int> valueLines;
+  std::size_t calls = 0;
+  int line = 0;
 };
 
 [[noreturn]] void Fail(const std::string& path, const std::string& where, const std::string& why) {
@@ -44,8 +47,8 @@ int PriorityValue(const std::string& word, const std::string& path, const std::s
   return word[0] - '0';
 }
 
-void ReadPriorityRow(RuleSet& set, const std::string& key, const std::string& value) {
-  const std::string where = "priority \"" + key + "\"";
+void ReadPriorityRow(RuleSet& set, const std::string& key, const std::string& value, int line) {
+  const std::string where = AtLine("priority \"" + key + "\"", line);
   if (key == "closed") {
     set.closedPriority = PriorityValue(value, set.path, where);
     return;
@@ -65,8 +68,9 @@ void ReadPriorityRow(RuleSet& set, const std::string& key, const std::string& va
   }
 }
 
-void ReadRuleKey(RuleSet& set, AdviceRule& rule, const std::string& key, const std::string& value) {
-  const std::string where = "rule \"" + rule.name + "\"";
+void ReadRuleKey(RuleSet& set, AdviceRule& rule, const std::string& key, const std::string& value,
+                 int line) {
+  const std::string where = AtLine("rule \"" + rule.name + "\"", line);
   if (key == "kind") {
     if (value == "alert") {
       rule.kind = RuleKind::kAlert;
@@ -84,6 +88,7 @@ void ReadRuleKey(RuleSet& set, AdviceRule& rule, const std::string& key, const s
     rule.rank = static_cast<int>(rank);
   } else if (key == "when") {
     rule.when = value;
+    rule.whenLine = line;
   } else if (key == "text") {
     rule.text = value;
   } else {
@@ -96,11 +101,14 @@ void Take(Reading& r, const std::string& section, const std::string& key,
   RuleSet& set = r.set;
   if (section == kRatings) {
     for (const Rating& rating : set.ratings) {
-      if (rating.name == key) Fail(set.path, "rating \"" + key + "\"", "it is defined twice");
+      if (rating.name == key) {
+        Fail(set.path, AtLine("rating \"" + key + "\"", r.line),
+             "it is defined twice (first at line " + std::to_string(rating.line) + ")");
+      }
     }
-    set.ratings.push_back({key, value});
+    set.ratings.push_back({key, value, r.line});
   } else if (section == kPriority) {
-    ReadPriorityRow(set, key, value);
+    ReadPriorityRow(set, key, value, r.line);
   } else if (section == kVerdict) {
     set.verdicts[key] = value;
   } else if (section == kTexts) {
@@ -108,10 +116,10 @@ void Take(Reading& r, const std::string& section, const std::string& key,
   } else if (section.rfind(kRulePrefix, 0) == 0) {
     const std::string name = section.substr(std::string(kRulePrefix).size());
     const auto [it, fresh] = r.rules.try_emplace(name, set.rules.size());
-    if (fresh) set.rules.push_back({name, RuleKind::kAction, 0, "", ""});
-    ReadRuleKey(set, set.rules[it->second], key, value);
+    if (fresh) set.rules.push_back({name, RuleKind::kAction, 0, "", "", r.line, 0});
+    ReadRuleKey(set, set.rules[it->second], key, value, r.line);
   } else {
-    Fail(set.path, "section [" + section + "]", "unknown section");
+    Fail(set.path, AtLine("section [" + section + "]", r.line), "unknown section");
   }
 }
 
@@ -133,6 +141,8 @@ void Continue(Reading& r, const std::string& section, const std::string& key,
 
 int Handle(void* user, const char* section, const char* key, const char* value) {
   auto& r = *static_cast<Reading*>(user);
+  r.line = r.calls < r.valueLines.size() ? r.valueLines[r.calls] : 0;
+  ++r.calls;
   try {
     const bool continued = r.previousSection == section && r.previousKey == key;
     r.previousSection = section;
@@ -146,19 +156,6 @@ int Handle(void* user, const char* section, const char* key, const char* value) 
   } catch (const RuleFileError& error) {
     r.error = error.what();
     return 0;
-  }
-}
-
-void CheckLineLengths(const std::string& path) {
-  std::ifstream in(path);
-  if (!in) Fail(path, "the file", "it cannot be opened");
-  int number = 0;
-  for (std::string line; std::getline(in, line);) {
-    ++number;
-    if (line.size() > kLongestLine) {
-      Fail(path, "line " + std::to_string(number),
-           "it is longer than 199 characters; continue it on a line that starts with a space");
-    }
   }
 }
 
@@ -179,7 +176,7 @@ void CheckComplete(const RuleSet& set) {
       Fail(set.path, std::string("text \"") + key + "\"", "it is missing");
   }
   for (const AdviceRule& rule : set.rules) {
-    const std::string where = "rule \"" + rule.name + "\"";
+    const std::string where = AtLine("rule \"" + rule.name + "\"", rule.line);
     if (rule.when.empty()) Fail(set.path, where, "it has no condition (when)");
     if (rule.text.empty()) Fail(set.path, where, "it has no text");
   }
@@ -201,10 +198,21 @@ int RuleSet::MaxActions() const {
   return std::max(0, std::atoi(it->second.c_str()));
 }
 
+std::string AtLine(const std::string& where, int line) {
+  return line > 0 ? where + " (line " + std::to_string(line) + ")" : where;
+}
+
 RuleSet LoadRuleFile(const std::string& path) {
-  CheckLineLengths(path);
+  const auto lines = ReadIniLines(path);
+  if (!lines) Fail(path, "the file", "it cannot be opened");
+  if (lines->firstTooLong > 0) {
+    Fail(path, "line " + std::to_string(lines->firstTooLong),
+         "it is longer than " + std::to_string(kLongestIniLine) +
+             " characters; continue it on a line that starts with a space");
+  }
   Reading reading;
   reading.set.path = path;
+  reading.valueLines = lines->valueLines;
   const int result = ini_parse(path.c_str(), Handle, &reading);
   if (!reading.error.empty()) throw RuleFileError(reading.error);
   if (result < 0) Fail(path, "the file", "it cannot be opened");

@@ -22,6 +22,8 @@ class RuleFileError : public std::runtime_error {
 struct Rating {
   std::string name;
   std::string expression;
+  // Where it starts in the file, for messages.
+  int line = 0;
 };
 
 enum class RuleKind { kAlert, kAction, kBasic };
@@ -34,7 +36,13 @@ struct AdviceRule {
   int rank = 0;
   std::string when;
   std::string text;
+  // Where its section and its condition start in the file, for messages.
+  int line = 0;
+  int whenLine = 0;
 };
+
+// "rule "NAME" (line N)", "rating "NAME" (line N)": a part of the file and where it is.
+std::string AtLine(const std::string& where, int line);
 
 inline constexpr int kRatingLevels = 3;
 

@@ -98,7 +98,7 @@ void RuleProgram::CheckOrder() const {
     later.erase(rating.name);
     for (const std::string& name : NamesIn(rating.expression)) {
       if (later.count(name) != 0 || name == rating.name) {
-        Fail(rules_, "rating \"" + rating.name + "\"",
+        Fail(rules_, AtLine("rating \"" + rating.name + "\"", rating.line),
              "it uses \"" + name + "\", which is worked out after it");
       }
     }
@@ -108,9 +108,11 @@ void RuleProgram::CheckOrder() const {
 // The combined programs do not say which line is at fault; each line alone does.
 void RuleProgram::FindFault() {
   for (const Rating& rating : rules_.ratings) {
-    Compile(rating.expression, "rating \"" + rating.name + "\"");
+    Compile(rating.expression, AtLine("rating \"" + rating.name + "\"", rating.line));
   }
-  for (const AdviceRule& rule : rules_.rules) Compile(rule.when, "rule \"" + rule.name + "\"");
+  for (const AdviceRule& rule : rules_.rules) {
+    Compile(rule.when, AtLine("rule \"" + rule.name + "\"", rule.whenLine));
+  }
 }
 
 std::vector<bool> RuleProgram::Run() {

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "config/ini_lines.h"
 #include "values/error.h"
 
 namespace pelkor {
@@ -49,16 +50,19 @@ IniConfig::IniConfig(std::vector<std::string> files) : files_(std::move(files)) 
   for (const std::string& file : files_) {
     std::error_code error;
     if (file.empty() || !std::filesystem::exists(file, error)) continue;
+    const auto refuse = [&file](const std::string& why) {
+      pelkedit::Raise(pelkedit::errnum::kInvalidProcedureCall, kSource,
+                      "The settings file \"" + file + "\" " + why + ".");
+    };
+    const auto lines = ReadIniLines(file);
+    if (!lines) refuse("cannot be read");
+    if (lines->firstTooLong > 0) {
+      refuse("is not a valid INI file (line " + std::to_string(lines->firstTooLong) +
+             " is longer than " + std::to_string(kLongestIniLine) + " characters)");
+    }
     const int result = ini_parse(file.c_str(), Take, &values_);
-    if (result < 0) {
-      pelkedit::Raise(pelkedit::errnum::kInvalidProcedureCall, kSource,
-                      "The settings file \"" + file + "\" cannot be read.");
-    }
-    if (result > 0) {
-      pelkedit::Raise(pelkedit::errnum::kInvalidProcedureCall, kSource,
-                      "The settings file \"" + file + "\" is not a valid INI file (line " +
-                          std::to_string(result) + ").");
-    }
+    if (result < 0) refuse("cannot be read");
+    if (result > 0) refuse("is not a valid INI file (line " + std::to_string(result) + ")");
     read_.push_back(file);
   }
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <functional>
 #include <optional>
 
 #include "data/contact_import.h"
@@ -13,27 +14,34 @@
 namespace pelkor {
 namespace {
 
+// A row as libcsv hands it over: the fields a contact can use (a row may hold millions of
+// separators; only as many fields as a header can name are kept) and how many there were.
 struct Row {
   int line = 0;
   std::vector<std::string> fields;
+  std::size_t count = 0;
 };
 
+// Columns beyond this many are counted but never kept, in the header or in a row.
+constexpr std::size_t kMaxColumns = 1024;
+
 struct Reader {
-  std::vector<Row> rows;
+  std::function<void(Row&)> onRow;
   Row current;
   int line = 1;
 };
 
 void EndField(void* text, std::size_t size, void* data) {
   auto& reader = *static_cast<Reader*>(data);
-  if (reader.current.fields.empty()) reader.current.line = reader.line;
-  reader.current.fields.emplace_back(text == nullptr ? ""
-                                                     : std::string(static_cast<char*>(text), size));
+  Row& row = reader.current;
+  if (row.count++ == 0) row.line = reader.line;
+  if (row.fields.size() == kMaxColumns) return;
+  row.fields.emplace_back(text == nullptr ? "" : std::string(static_cast<char*>(text), size));
 }
 
 void EndRow(int /*terminator*/, void* data) {
   auto& reader = *static_cast<Reader*>(data);
-  reader.rows.push_back(std::move(reader.current));
+  reader.onRow(reader.current);
   reader.current = {};
 }
 
@@ -71,44 +79,53 @@ std::optional<Field> FieldOf(const std::string& column) {
   return std::nullopt;
 }
 
-std::vector<Row> ParseRows(std::string_view text) {
-  csv_parser parser{};
+// Hands each row to `onRow` as soon as it ends; `onRow` must not throw, as libcsv's C frames
+// lie between it and the caller. The text goes to libcsv a line at a time, so
+// that each row knows the line it starts on.
+void ParseRows(std::string_view text, const std::function<void(Row&)>& onRow) {
+  // Freed however the parse ends.
+  struct Parser {
+    csv_parser state{};
+    ~Parser() { csv_free(&state); }
+  } guard;
+  csv_parser& parser = guard.state;
   if (csv_init(&parser, CSV_APPEND_NULL) != 0) data_detail::RaiseDataError("Cannot read CSV.");
-  Reader reader;
-  // A byte at a time, so that each row knows the line it starts on.
-  for (const char c : text) {
-    csv_parse(&parser, &c, 1, EndField, EndRow, &reader);
-    if (c == '\n') ++reader.line;
+  Reader reader{onRow, {}, 1};
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size() - 1);
+    csv_parse(&parser, text.data() + start, end - start + 1, EndField, EndRow, &reader);
+    if (text[end] == '\n') ++reader.line;
+    start = end + 1;
   }
   csv_fini(&parser, EndField, EndRow, &reader);
-  csv_free(&parser);
-  return std::move(reader.rows);
 }
 
 }  // namespace
 
 ContactImport ReadCsvContacts(std::string_view text) {
+  text = WithoutMark(text);
+  RequireContactText(text);
   ContactImport result;
-  std::vector<Row> rows = ParseRows(WithoutMark(text));
-  if (rows.empty()) return result;
+  std::optional<Row> header;
   std::array<std::optional<std::size_t>, kFieldCount> columns;
-  const Row& header = rows.front();
-  for (std::size_t i = 0; i < header.fields.size(); ++i) {
-    const auto field = FieldOf(header.fields[i]);
-    if (field && !columns[*field]) columns[*field] = i;
-  }
-  if (!columns[kFirst] && !columns[kLast] && !columns[kFull]) {
-    data_detail::RaiseDataError(
-        "The CSV header names no name column (First Name, Last Name or Name).");
-  }
-  for (std::size_t r = 1; r < rows.size(); ++r) {
-    const Row& row = rows[r];
-    if (row.fields.size() == 1 && Trimmed(row.fields[0]).empty()) continue;  // a blank line
-    if (row.fields.size() != header.fields.size()) {
-      result.skipped.push_back({row.line, std::to_string(row.fields.size()) +
-                                              " fields where the header has " +
-                                              std::to_string(header.fields.size())});
-      continue;
+  bool nameless = false;
+  const auto takeHeader = [&](Row& row) {
+    header = std::move(row);
+    for (std::size_t i = 0; i < header->fields.size(); ++i) {
+      const auto field = FieldOf(header->fields[i]);
+      if (field && !columns[*field]) columns[*field] = i;
+    }
+    nameless = !columns[kFirst] && !columns[kLast] && !columns[kFull];
+  };
+  const auto takeRow = [&](Row& row) {
+    if (nameless) return;
+    if (row.count == 1 && Trimmed(row.fields[0]).empty()) return;  // a blank line
+    if (row.count != header->count) {
+      result.Skip(row.line,
+                  std::to_string(row.count) + " fields where the header has " +
+                      std::to_string(header->count),
+                  "a number of fields other than the header's");
+      return;
     }
     const auto get = [&](Field field) {
       return columns[field] ? Trimmed(row.fields[*columns[field]]) : std::string();
@@ -122,10 +139,15 @@ ContactImport ReadCsvContacts(std::string_view text) {
       contact.last = space == std::string::npos ? full : full.substr(space + 1);
     }
     if (contact.first.empty() && contact.last.empty()) {
-      result.skipped.push_back({row.line, "a contact without a name"});
-      continue;
+      result.Skip(row.line, "a contact without a name");
+      return;
     }
-    result.contacts.push_back(contact);
+    result.contacts.push_back(std::move(contact));
+  };
+  ParseRows(text, [&](Row& row) { header ? takeRow(row) : takeHeader(row); });
+  if (nameless) {
+    data_detail::RaiseDataError(
+        "The CSV header names no name column (First Name, Last Name or Name).");
   }
   return result;
 }

@@ -1,26 +1,15 @@
+// Contacts from vCard files (2.1, 3.0, 4.0), read a logical line at a time: memory holds the
+// card being read and the contacts found, never a copy of every line.
 #include "data/contact_import.h"
 
 #include <algorithm>
 #include <cctype>
-#include <fstream>
 #include <optional>
-#include <sstream>
+#include <set>
 
 #include "data/data_error.h"
 
 namespace pelkor {
-namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr int kHexBase = 16;
-
-}  // namespace
-
-std::string_view WithoutMark(std::string_view text) {
-  if (text.substr(0, kByteOrderMark.size()) == kByteOrderMark)
-    text.remove_prefix(kByteOrderMark.size());
-  return text;
-}
 
 std::string Trimmed(const std::string& text) {
   const auto first = text.find_first_not_of(" \t\r\n");
@@ -30,20 +19,30 @@ std::string Trimmed(const std::string& text) {
 
 namespace {
 
-std::string Upper(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
+constexpr int kHexBase = 16;
+// The parts of a structured value that are read: N's family and given name, ORG's name and
+// ADR's seven; whatever follows stays in the last part, unread.
+constexpr std::size_t kNameParts = 2;
+constexpr std::size_t kOrganizationParts = 1;
+constexpr std::size_t kAddressParts = 7;
+
+std::string Upper(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
                  [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return text;
+  return upper;
 }
 
-// Splits on `separator`, honouring backslash escapes (which are kept for Unescape).
-std::vector<std::string> SplitEscaped(const std::string& value, char separator) {
+// The first `count` parts of `value` split on `separator`, honouring backslash escapes (which
+// are kept for Unescape).
+std::vector<std::string> SplitEscaped(const std::string& value, char separator, std::size_t count) {
   std::vector<std::string> parts(1);
   for (std::size_t i = 0; i < value.size(); ++i) {
     if (value[i] == '\\' && i + 1 < value.size()) {
-      parts.back() += value.substr(i, 2);
+      parts.back().append(value, i, 2);
       ++i;
     } else if (value[i] == separator) {
+      if (parts.size() == count) break;
       parts.emplace_back();
     } else {
       parts.back() += value[i];
@@ -81,60 +80,33 @@ std::string DecodeQuotedPrintable(const std::string& value) {
   return text;
 }
 
-// One logical line of a card: its first physical line, name, parameters and value.
+// One logical line of a card: its first physical line, name and value, and whether the value
+// is quoted-printable (looked up once, not at every continuation line).
 struct Property {
   int line = 0;
   std::string name;
-  std::string params;
   std::string value;
+  bool quotedPrintable = false;
 };
 
-std::vector<std::pair<int, std::string>> PhysicalLines(std::string_view text) {
-  std::vector<std::pair<int, std::string>> lines;
-  std::istringstream in{std::string(text)};
-  int number = 0;
-  for (std::string line; std::getline(in, line);) {
-    ++number;
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.emplace_back(number, line);
-  }
-  return lines;
-}
-
-// Unfolds continuation lines (a leading blank, or a quoted-printable soft break) and splits
-// each logical line into its parts.
-std::vector<Property> Properties(std::string_view text) {
-  std::vector<Property> properties;
-  bool softBreak = false;
-  for (const auto& [number, line] : PhysicalLines(text)) {
-    const bool folded = !line.empty() && (line[0] == ' ' || line[0] == '\t');
-    if ((folded || softBreak) && !properties.empty()) {
-      properties.back().value += folded ? line.substr(1) : line;
-    } else if (!line.empty()) {
-      Property property{number, "", "", ""};
-      const auto colon = line.find(':');
-      const std::string head = line.substr(0, colon);
-      property.value = colon == std::string::npos ? "" : line.substr(colon + 1);
-      const auto semicolon = head.find(';');
-      std::string name = Upper(head.substr(0, semicolon));
-      if (const auto dot = name.find('.'); dot != std::string::npos) name = name.substr(dot + 1);
-      property.name = colon == std::string::npos ? "" : name;
-      property.params = semicolon == std::string::npos ? "" : Upper(head.substr(semicolon + 1));
-      properties.push_back(property);
-    }
-    const Property* last = properties.empty() ? nullptr : &properties.back();
-    softBreak = last != nullptr && last->params.find("QUOTED-PRINTABLE") != std::string::npos &&
-                !last->value.empty() && last->value.back() == '=';
-    if (softBreak) properties.back().value.pop_back();
-  }
-  return properties;
+Property StartProperty(int number, std::string_view line) {
+  Property property;
+  property.line = number;
+  const auto colon = line.find(':');
+  const std::string_view head = line.substr(0, colon);
+  property.value = colon == std::string_view::npos ? "" : std::string(line.substr(colon + 1));
+  const auto semicolon = head.find(';');
+  std::string name = Upper(head.substr(0, semicolon));
+  if (const auto dot = name.find('.'); dot != std::string::npos) name.erase(0, dot + 1);
+  property.name = colon == std::string_view::npos ? "" : name;
+  property.quotedPrintable =
+      semicolon != std::string_view::npos &&
+      Upper(head.substr(semicolon + 1)).find("QUOTED-PRINTABLE") != std::string::npos;
+  return property;
 }
 
 std::string ValueOf(const Property& property) {
-  if (property.params.find("QUOTED-PRINTABLE") != std::string::npos) {
-    return DecodeQuotedPrintable(property.value);
-  }
-  return property.value;
+  return property.quotedPrintable ? DecodeQuotedPrintable(property.value) : property.value;
 }
 
 std::string JoinAddress(const std::vector<std::string>& parts) {
@@ -153,25 +125,6 @@ std::string JoinAddress(const std::vector<std::string>& parts) {
   return text;
 }
 
-void TakeProperty(Contact& contact, const Property& property, std::string& formatted) {
-  const std::string value = ValueOf(property);
-  if (property.name == "N") {
-    const auto parts = SplitEscaped(value, ';');
-    contact.last = Trimmed(Unescape(parts[0]));
-    if (parts.size() > 1) contact.first = Trimmed(Unescape(parts[1]));
-  } else if (property.name == "FN") {
-    formatted = Trimmed(Unescape(value));
-  } else if (property.name == "ORG" && contact.company.empty()) {
-    contact.company = Trimmed(Unescape(SplitEscaped(value, ';')[0]));
-  } else if (property.name == "TEL" && contact.phone.empty()) {
-    contact.phone = Trimmed(Unescape(value));
-  } else if (property.name == "EMAIL" && contact.email.empty()) {
-    contact.email = Trimmed(Unescape(value));
-  } else if (property.name == "ADR" && contact.address.empty()) {
-    contact.address = JoinAddress(SplitEscaped(value, ';'));
-  }
-}
-
 // "Ann Lee" as first and last name when a card has no structured name.
 void NameFromFormatted(Contact& contact, const std::string& formatted) {
   const auto space = formatted.rfind(' ');
@@ -179,53 +132,105 @@ void NameFromFormatted(Contact& contact, const std::string& formatted) {
   contact.last = space == std::string::npos ? formatted : formatted.substr(space + 1);
 }
 
+// Takes a card's logical lines one by one.
+class CardReader {
+ public:
+  void Take(const Property& property) {
+    // Only BEGIN and END need their value compared; other values may be megabytes long.
+    const bool marker = property.name == "BEGIN" || property.name == "END";
+    const std::string value = marker ? Upper(Trimmed(property.value)) : std::string();
+    if (property.name == "BEGIN" && value == "VCARD") {
+      if (card_) result_.Skip(started_, "a contact without END:VCARD");
+      card_ = Contact{};
+      started_ = property.line;
+      formatted_.clear();
+    } else if (property.name == "END" && value == "VCARD" && card_) {
+      Finish();
+    } else if (!card_) {
+      result_.Skip(property.line, "text outside BEGIN:VCARD and END:VCARD");
+    } else if (property.name.empty()) {
+      result_.Skip(property.line, "a line that is not NAME:VALUE");
+    } else {
+      TakeField(property);
+    }
+  }
+
+  ContactImport End() {
+    if (card_) result_.Skip(started_, "a contact without END:VCARD");
+    return std::move(result_);
+  }
+
+ private:
+  void Finish() {
+    if (card_->first.empty() && card_->last.empty()) NameFromFormatted(*card_, formatted_);
+    if (card_->first.empty() && card_->last.empty()) {
+      result_.Skip(started_, "a contact without a name");
+    } else {
+      result_.contacts.push_back(std::move(*card_));
+    }
+    card_.reset();
+  }
+
+  void TakeField(const Property& property) {
+    static const std::set<std::string> kRead = {"N", "FN", "ORG", "TEL", "EMAIL", "ADR"};
+    if (kRead.count(property.name) == 0) return;
+    Contact& contact = *card_;
+    const std::string value = ValueOf(property);
+    if (property.name == "N") {
+      const auto parts = SplitEscaped(value, ';', kNameParts + 1);
+      contact.last = Trimmed(Unescape(parts[0]));
+      if (parts.size() > 1) contact.first = Trimmed(Unescape(parts[1]));
+    } else if (property.name == "FN") {
+      formatted_ = Trimmed(Unescape(value));
+    } else if (property.name == "ORG" && contact.company.empty()) {
+      contact.company = Trimmed(Unescape(SplitEscaped(value, ';', kOrganizationParts + 1)[0]));
+    } else if (property.name == "TEL" && contact.phone.empty()) {
+      contact.phone = Trimmed(Unescape(value));
+    } else if (property.name == "EMAIL" && contact.email.empty()) {
+      contact.email = Trimmed(Unescape(value));
+    } else if (property.name == "ADR" && contact.address.empty()) {
+      auto parts = SplitEscaped(value, ';', kAddressParts + 1);
+      parts.resize(std::min(parts.size(), kAddressParts));
+      contact.address = JoinAddress(parts);
+    }
+  }
+
+  ContactImport result_;
+  std::optional<Contact> card_;
+  int started_ = 0;
+  std::string formatted_;
+};
+
 }  // namespace
 
 ContactImport ReadVCards(std::string_view text) {
-  ContactImport result;
-  std::optional<Contact> card;
-  int started = 0;
-  std::string formatted;
-  for (const Property& property : Properties(WithoutMark(text))) {
-    const std::string value = Upper(Trimmed(property.value));
-    if (property.name == "BEGIN" && value == "VCARD") {
-      if (card) result.skipped.push_back({started, "a contact without END:VCARD"});
-      card = Contact{};
-      started = property.line;
-      formatted.clear();
-    } else if (property.name == "END" && value == "VCARD" && card) {
-      if (card->first.empty() && card->last.empty()) NameFromFormatted(*card, formatted);
-      if (card->first.empty() && card->last.empty()) {
-        result.skipped.push_back({started, "a contact without a name"});
-      } else {
-        result.contacts.push_back(*card);
-      }
-      card.reset();
-    } else if (!card) {
-      result.skipped.push_back({property.line, "text outside BEGIN:VCARD and END:VCARD"});
-    } else if (property.name.empty()) {
-      result.skipped.push_back({property.line, "a line that is not NAME:VALUE"});
-    } else {
-      TakeProperty(*card, property, formatted);
+  text = WithoutMark(text);
+  RequireContactText(text);
+  CardReader reader;
+  // Continuation lines (a leading blank, or after a quoted-printable soft break) are added to
+  // the logical line before it, which is handed on when the next one starts.
+  std::optional<Property> pending;
+  bool softBreak = false;
+  int number = 0;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size());
+    std::string_view line = text.substr(start, end - start);
+    start = end + 1;
+    ++number;
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    const bool folded = !line.empty() && (line[0] == ' ' || line[0] == '\t');
+    if ((folded || softBreak) && pending) {
+      pending->value += folded ? line.substr(1) : line;
+    } else if (!line.empty()) {
+      if (pending) reader.Take(*pending);
+      pending = StartProperty(number, line);
     }
+    softBreak = pending && pending->quotedPrintable && !pending->value.empty() &&
+                pending->value.back() == '=';
+    if (softBreak) pending->value.pop_back();
   }
-  if (card) result.skipped.push_back({started, "a contact without END:VCARD"});
-  return result;
-}
-
-ContactImport ReadContactFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  if (!in) data_detail::RaiseDataError("Cannot read the contacts file '" + path + "'.");
-  std::stringstream text;
-  text << in.rdbuf();
-  const std::string content = text.str();
-  const std::string_view body = WithoutMark(content);
-  const auto first = body.find_first_not_of(" \t\r\n");
-  if (first != std::string_view::npos &&
-      Upper(std::string(body.substr(first, 11))) == "BEGIN:VCARD") {
-    return ReadVCards(content);
-  }
-  return ReadCsvContacts(content);
+  if (pending) reader.Take(*pending);
+  return reader.End();
 }
 
 }  // namespace pelkor

@@ -12,6 +12,9 @@ namespace pelkor::data_detail {
 std::string ConnectionReason(const pqxx::broken_connection& error);
 // Why a statement failed, from its SQLSTATE.
 std::string StatementReason(const pqxx::sql_error& error);
+// libpq's text about a connection to `uri` with every secret of the address taken out: libpq
+// quotes the malformed part of an address (a password among them) or the whole address.
+std::string WithoutSecrets(const std::string& text, const std::string& uri);
 
 // Runs `body`; a server failure inside it becomes error 5 saying what failed and why.
 template <typename Body>

@@ -41,10 +41,22 @@ pqxx::binarystring BytesOf(const IboRow& row) {
 
 // One database on a PostgreSQL server, over one connection. Every write is one transaction;
 // statements are prepared once per connection.
+// A connection to `uri`; libpq's complaints about the address come back without its secrets.
+std::unique_ptr<pqxx::connection> Connect(const std::string& uri) {
+  try {
+    return std::make_unique<pqxx::connection>(WithConnectTimeout(uri));
+  } catch (const pqxx::broken_connection& error) {
+    throw pqxx::broken_connection(WithoutSecrets(error.what(), uri));
+  } catch (const pqxx::failure& error) {
+    throw pqxx::failure(WithoutSecrets(error.what(), uri));
+  }
+}
+
 class PostgresIboStore final : public IIboStore {
  public:
-  PostgresIboStore(std::string location, std::unique_ptr<pqxx::connection> connection)
-      : location_(std::move(location)), connection_(std::move(connection)) {
+  PostgresIboStore(std::string uri, std::string location,
+                   std::unique_ptr<pqxx::connection> connection)
+      : uri_(std::move(uri)), location_(std::move(location)), connection_(std::move(connection)) {
     Prepare();
   }
 
@@ -60,7 +72,23 @@ class PostgresIboStore final : public IIboStore {
 
  private:
   void Prepare();
+  // Runs a transaction's `body` with the server's errors reported for `action`. A restarted
+  // server has dropped this connection: one new connection is tried before giving up, which is
+  // safe because a transaction that lost its connection before committing wrote nothing.
+  template <typename Body>
+  auto Run(const std::string& action, Body&& body) -> decltype(body()) {
+    return WithServerErrors(action, [&] {
+      try {
+        return body();
+      } catch (const pqxx::broken_connection&) {
+        connection_ = Connect(uri_);
+        Prepare();
+        return body();
+      }
+    });
+  }
 
+  std::string uri_;
   std::string location_;
   std::unique_ptr<pqxx::connection> connection_;
   std::mutex mutex_;  // a connection serves one statement at a time
@@ -108,7 +136,7 @@ void PostgresIboStore::Prepare() {
 std::optional<VersionedIbo> PostgresIboStore::FindVersioned(IboTable table, std::int32_t id) {
   std::lock_guard lock(mutex_);
   const std::string action = "Cannot read " + Where(id, "from", table) + " of " + Location();
-  return WithServerErrors(action, [&]() -> std::optional<VersionedIbo> {
+  return Run(action, [&]() -> std::optional<VersionedIbo> {
     pqxx::read_transaction work(*connection_);
     const pqxx::result rows = work.exec_prepared(Statement("find", table), id);
     if (rows.empty()) return std::nullopt;
@@ -119,7 +147,7 @@ std::optional<VersionedIbo> PostgresIboStore::FindVersioned(IboTable table, std:
 void PostgresIboStore::Write(IboTable table, const Blob& data) {
   const IboRow row = DecodeRow(data, table, Location());
   std::lock_guard lock(mutex_);
-  WithServerErrors("Cannot write " + Where(row.id, "to", table) + " of " + Location(), [&] {
+  Run("Cannot write " + Where(row.id, "to", table) + " of " + Location(), [&] {
     pqxx::work work(*connection_);
     work.exec_prepared(Statement("upsert", table), row.id, row.iboNumber, row.company, row.status,
                        row.expert, BytesOf(row));
@@ -133,7 +161,7 @@ std::int64_t PostgresIboStore::Update(IboTable table, std::int32_t id, const Blo
   const std::string refusal = "Cannot save " + Where(id, "to", table) + " of " + Location();
   if (row.id != id) RaiseForeignId(refusal, row.id);
   std::lock_guard lock(mutex_);
-  return WithServerErrors(refusal, [&] {
+  return Run(refusal, [&] {
     pqxx::work work(*connection_);
     const std::string update = Statement("update", table);
     // A concurrent save holds the row until it commits; this one then sees the new version.
@@ -157,7 +185,7 @@ int PostgresIboStore::AddMissing(const std::vector<IboEntry>& entries) {
   for (const IboEntry& entry : entries)
     rows.push_back(DecodeRow(entry.data, entry.table, Location()));
   std::lock_guard lock(mutex_);
-  return WithServerErrors("Cannot add IBOs to " + Location(), [&] {
+  return Run("Cannot add IBOs to " + Location(), [&] {
     pqxx::work work(*connection_);
     int added = 0;
     for (const IboRow& row : rows) {
@@ -173,7 +201,7 @@ int PostgresIboStore::AddMissing(const std::vector<IboEntry>& entries) {
 
 std::vector<IboSummary> PostgresIboStore::ListIbos(std::optional<IboTable> only) {
   std::lock_guard lock(mutex_);
-  return WithServerErrors("Cannot list the IBOs of " + Location(), [&] {
+  return Run("Cannot list the IBOs of " + Location(), [&] {
     pqxx::read_transaction work(*connection_);
     std::vector<IboSummary> list;
     for (const IboTable table : kTables) {
@@ -190,7 +218,7 @@ std::vector<IboSummary> PostgresIboStore::ListIbos(std::optional<IboTable> only)
 
 std::vector<Contact> PostgresIboStore::ListContacts() {
   std::lock_guard lock(mutex_);
-  return WithServerErrors("Cannot list the contacts of " + Location(), [&] {
+  return Run("Cannot list the contacts of " + Location(), [&] {
     pqxx::read_transaction work(*connection_);
     std::vector<Contact> list;
     for (const pqxx::row& row : work.exec_prepared("list_contacts")) {
@@ -204,7 +232,7 @@ std::vector<Contact> PostgresIboStore::ListContacts() {
 
 int PostgresIboStore::AddContacts(const std::vector<Contact>& contacts) {
   std::lock_guard lock(mutex_);
-  return WithServerErrors("Cannot add contacts to " + Location(), [&] {
+  return Run("Cannot add contacts to " + Location(), [&] {
     pqxx::work work(*connection_);
     int added = 0;
     for (const Contact& contact : contacts) {
@@ -222,11 +250,10 @@ int PostgresIboStore::AddContacts(const std::vector<Contact>& contacts) {
 
 std::shared_ptr<IIboStore> OpenPostgresStore(const std::string& uri, StoreOpening opening) {
   const std::string location = DescribeLocation(uri);
-  auto connection = WithServerErrors("Cannot open the IBO database " + location, [&] {
-    return std::make_unique<pqxx::connection>(WithConnectTimeout(uri));
-  });
+  auto connection =
+      WithServerErrors("Cannot open the IBO database " + location, [&] { return Connect(uri); });
   PrepareServerDatabase(*connection, location, opening);
-  return std::make_shared<PostgresIboStore>(location, std::move(connection));
+  return std::make_shared<PostgresIboStore>(uri, location, std::move(connection));
 }
 
 }  // namespace pelkor::data_detail

@@ -11,6 +11,7 @@
 #include "data/sqlite_error.h"
 #include "data/sqlite_schema.h"
 #include "data/store_backends.h"
+#include "files/private_files.h"
 
 namespace pelkor {
 
@@ -63,11 +64,19 @@ std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening
       !std::filesystem::exists(path)) {
     RaiseDataError("The IBO database " + DescribeLocation(path) + " does not exist.");
   }
-  auto db = WithSqlErrors("Cannot open the IBO database " + DescribeLocation(path), [&] {
+  const std::string refusal = "Cannot open the IBO database " + DescribeLocation(path);
+  if (opening == StoreOpening::kCreateIfMissing && path != kMemoryPath) {
+    // SQLite would create it as the umask allows (and its -wal and -shm files take its mode):
+    // a database of deals is made private first.
+    // A file that cannot be made here is reported by SQLite's own attempt below.
+    std::error_code ignored;
+    CreatePrivateFile(path, ignored);
+  }
+  auto db = WithSqlErrors(refusal, [&] {
     return std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
                                               kBusyTimeoutMs);
   });
-  PrepareDatabase(*db, path);
+  PrepareDatabase(*db, path, opening);
   return std::make_shared<SqliteIboStore>(path, std::move(db));
 }
 

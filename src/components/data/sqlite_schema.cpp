@@ -18,6 +18,7 @@ constexpr int kApplicationId = 0x50454C4B;
 // whether someone else saved since); older files are brought up to date when opened.
 constexpr int kSchemaVersion = 3;
 constexpr int kContactsVersion = 2;
+constexpr const char* kContactsTable = "contacts";
 constexpr int kFirstSchemaVersion = 1;
 
 int PragmaInt(SQLite::Database& db, const char* pragma) {
@@ -92,13 +93,13 @@ bool CheckOwnership(SQLite::Database& db, const std::string& refusal) {
                    " and this program reads version " + std::to_string(kSchemaVersion) +
                    ". Open it with the version of Pelkor that wrote it, or a newer one.");
   }
-  for (const IboTable table : kTables) {
-    if (!HasTable(db, TableSqlName(table))) {
-      RaiseDataError(refusal + ": the database is damaged (the " +
-                     std::string(IboTableName(table)) +
-                     " table is missing). Restore it from a backup.");
-    }
-  }
+  const auto requireTable = [&](const std::string& name, const std::string& what) {
+    if (HasTable(db, name.c_str())) return;
+    RaiseDataError(refusal + ": the database is damaged (the " + what +
+                   " table is missing). Restore it from a backup.");
+  };
+  for (const IboTable table : kTables) requireTable(TableSqlName(table), IboTableName(table));
+  if (version >= kContactsVersion) requireTable(kContactsTable, "contacts");
   return false;
 }
 
@@ -129,11 +130,17 @@ void CreateSchema(SQLite::Database& db) {
 
 }  // namespace
 
-void PrepareDatabase(SQLite::Database& db, const std::string& path) {
+void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening) {
   const std::string refusal = "Cannot open the IBO database " + data_detail::DescribeLocation(path);
   WithSqlErrors(refusal, [&] {
     CheckIntegrity(db, refusal);
     const bool empty = CheckOwnership(db, refusal);
+    // Listing or importing never writes a schema into a file that was not a database yet.
+    if (empty && opening == StoreOpening::kExistingOnly && path != kMemoryPath) {
+      RaiseDataError(refusal +
+                     ": it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into "
+                     "it (pelkor-db copy).");
+    }
     if (path != kMemoryPath) {
       db.exec("PRAGMA journal_mode = WAL");
     }

@@ -18,9 +18,15 @@ void ProductListView::SetProducts(const std::string& text) {
   try {
     list_ = ReadProductText(text);
     unreadable_.clear();
+    // A stored list whose total no longer fits an amount is kept as it is, like any other
+    // list this view cannot take.
+    static_cast<void>(list_.Total());
   } catch (const ProductTextError& error) {
     list_ = {};
     unreadable_ = error.what();
+  } catch (const pelkedit::PelkError&) {
+    list_ = {};
+    unreadable_ = "the total of its lines is too large for an amount";
   }
   Changed();
   if (!unreadable_.empty()) {
@@ -49,14 +55,16 @@ std::string ProductListView::CellText(std::size_t line, Column column) const {
     case Column::kProduct:
       return l.product;
     case Column::kQuantity:
-      return FormatAmount(l.quantity, kPlainDecimals);
+      return FormatAmount(l.quantity, kPlainDecimals, marks_);
     case Column::kUnitPrice:
-      return FormatAmount(l.unitPrice, kMoneyDecimals);
+      return FormatAmount(l.unitPrice, kMoneyDecimals, marks_);
     case Column::kDiscount:
-      return l.discountPercent == Currency() ? "" : FormatAmount(l.discountPercent, kPlainDecimals);
+      return l.discountPercent == Currency()
+                 ? ""
+                 : FormatAmount(l.discountPercent, kPlainDecimals, marks_);
     case Column::kValue:
       try {
-        return FormatAmount(l.Value(), kMoneyDecimals);
+        return FormatAmount(l.Value(), kMoneyDecimals, marks_);
       } catch (const pelkedit::PelkError&) {
         return "too large";
       }
@@ -77,13 +85,13 @@ std::string ProductListView::Enter(std::size_t line, Column column, const std::s
         edited.product = text;
         break;
       case Column::kQuantity:
-        edited.quantity = ParseAmount(text, "quantity");
+        edited.quantity = ParseAmount(text, "quantity", marks_);
         break;
       case Column::kUnitPrice:
-        edited.unitPrice = ParseAmount(text, "unit price");
+        edited.unitPrice = ParseAmount(text, "unit price", marks_);
         break;
       case Column::kDiscount:
-        edited.discountPercent = text.empty() ? Currency() : ParseAmount(text, "discount");
+        edited.discountPercent = text.empty() ? Currency() : ParseAmount(text, "discount", marks_);
         if (!ValidDiscount(edited.discountPercent))
           return "the discount is a percentage from 0 to 100";
         break;

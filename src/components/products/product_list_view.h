@@ -8,6 +8,7 @@
 
 #include "contracts/product_view.h"
 #include "product_list.h"
+#include "product_text.h"
 
 namespace pelkor {
 
@@ -29,6 +30,9 @@ class ProductListView : public pelkedit::IProductView {
   pelkedit::Currency TotalValue() override;
 
   const ProductList& List() const { return list_; }
+  // The marks the user's locale writes numbers with; cells show and read amounts in them.
+  void SetNumberMarks(NumberMarks marks) { marks_ = std::move(marks); }
+  const NumberMarks& Marks() const { return marks_; }
   // Why the last text handed in could not be read ("" when it could).
   const std::string& Unreadable() const { return unreadable_; }
 
@@ -51,6 +55,7 @@ class ProductListView : public pelkedit::IProductView {
   std::string text_;
   std::string unreadable_;
   bool changed_ = false;
+  NumberMarks marks_;
 };
 
 std::shared_ptr<ProductListView> CreateProductListView();

@@ -22,7 +22,6 @@ constexpr const char* kDelivery = "deliveryDate";
 constexpr const char* kNote = "note";
 }  // namespace key
 
-constexpr std::size_t kThousandsGroup = 3;
 constexpr int kLegacyFields = 3;
 
 [[noreturn]] void Fail(const std::string& why) {
@@ -72,12 +71,46 @@ ProductLine ReadLine(const json& object, std::size_t index) {
   return line;
 }
 
+// Copying and writing a JSON value recurse once per level, so a text nested thousands of levels
+// deep would exhaust the stack; a product list needs four.
+constexpr std::size_t kMaxNesting = 32;
+
+// The deepest nesting of arrays and objects in a JSON text, strings skipped.
+std::size_t NestingOf(const std::string& text) {
+  std::size_t depth = 0;
+  std::size_t deepest = 0;
+  bool inString = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (inString) {
+      if (c == '\\')
+        ++i;
+      else if (c == '"')
+        inString = false;
+    } else if (c == '"') {
+      inString = true;
+    } else if (c == '[' || c == '{') {
+      deepest = std::max(deepest, ++depth);
+    } else if ((c == ']' || c == '}') && depth > 0) {
+      --depth;
+    }
+  }
+  return deepest;
+}
+
 ProductList ReadJson(const std::string& text) {
+  if (NestingOf(text) > kMaxNesting) {
+    Fail("the product list is nested more than " + std::to_string(kMaxNesting) + " levels deep");
+  }
   json document;
   try {
     document = json::parse(text);
   } catch (const json::parse_error& error) {
     Fail("the product list is not well formed (at byte " + std::to_string(error.byte) + ")");
+  } catch (const json::out_of_range&) {
+    Fail("the product list holds a number too large to read");
+  } catch (const json::exception& error) {
+    Fail(std::string("the product list is not well formed (") + error.what() + ")");
   }
   if (!document.is_object()) Fail("the product list is not a JSON object");
   const auto format = document.find(key::kFormat);
@@ -173,37 +206,6 @@ ProductList ReadProductText(const std::string& text) {
   const auto first = text.find_first_not_of(" \t\r\n");
   if (text[first] == '{') return ReadJson(text);
   return ReadTabSeparated(text);
-}
-
-std::string FormatAmount(Currency value, int minDecimals) {
-  std::string plain = value.ToString();
-  const bool negative = !plain.empty() && plain.front() == '-';
-  if (negative) plain.erase(0, 1);
-  const auto point = plain.find('.');
-  std::string whole = plain.substr(0, point);
-  std::string fraction = point == std::string::npos ? "" : plain.substr(point + 1);
-  if (fraction.size() < static_cast<std::size_t>(minDecimals)) {
-    fraction.append(static_cast<std::size_t>(minDecimals) - fraction.size(), '0');
-  }
-  for (std::size_t at = whole.size(); at > kThousandsGroup; at -= kThousandsGroup) {
-    whole.insert(at - kThousandsGroup, ",");
-  }
-  std::string text = negative ? "-" + whole : whole;
-  return fraction.empty() ? text : text + "." + fraction;
-}
-
-Currency ParseAmount(const std::string& text, const std::string& what) {
-  std::string plain;
-  for (const char c : text) {
-    if (c != ',' && c != ' ') plain += c;
-  }
-  try {
-    return Currency::Parse(plain);
-  } catch (const pelkedit::PelkError& error) {
-    if (error.Number() == pelkedit::errnum::kOverflow)
-      Fail(what + " \"" + text + "\" is too large");
-    Fail(what + " \"" + text + "\" is not a number");
-  }
 }
 
 }  // namespace pelkor

@@ -25,10 +25,21 @@ std::string WriteProductText(const ProductList& list);
 // cannot take.
 ProductList ReadProductText(const std::string& text);
 
-// Money and quantities as people read them: thousands separated, at least `minDecimals`
-// decimals ("1,150.00", "2.5"); ParseAmount reads that form back (separators allowed) and
-// throws ProductTextError naming `what` when it is not a number.
-std::string FormatAmount(Currency value, int minDecimals);
-Currency ParseAmount(const std::string& text, const std::string& what);
+// How a person writes numbers: the decimal mark and the mark between groups of thousands, as
+// their locale has them ("." and "," in English, "," and "." in German).
+struct NumberMarks {
+  std::string decimal = ".";
+  std::string group = ",";
+};
+
+// Money and quantities as people read them: thousands grouped, at least `minDecimals` decimals
+// ("1,150.00", "2.5" with the default marks).
+std::string FormatAmount(Currency value, int minDecimals, const NumberMarks& marks = {});
+// Reads what FormatAmount writes, with or without the group marks (a space groups too), and the
+// exponent form of stored numbers ("1e+30"). A text that could mean two numbers under these
+// marks ("1,5" where "," groups thousands) is refused rather than guessed. ProductTextError
+// naming `what` when the text is not a number or is too large for an amount.
+Currency ParseAmount(const std::string& text, const std::string& what,
+                     const NumberMarks& marks = {});
 
 }  // namespace pelkor

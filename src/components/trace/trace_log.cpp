@@ -1,5 +1,7 @@
 #include "trace/trace_log.h"
 
+#include "files/private_files.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -52,9 +54,10 @@ void TraceLog::OpenLog() {
   if (logPath_.empty()) return GiveUpFile("no log file was named");
   const std::filesystem::path path(logPath_);
   std::error_code error;
-  if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path(), error);
+  // The log names customers and the errors of their deals: it is the user's alone.
+  if (path.has_parent_path()) CreatePrivateFolders(path.parent_path(), error);
   if (error) return GiveUpFile("cannot create its folder: " + error.message());
-  out_.reset(std::fopen(path.c_str(), "a"));
+  out_.reset(OpenPrivateForAppend(path));
   if (!out_) GiveUpFile("cannot open it for appending");
 }
 

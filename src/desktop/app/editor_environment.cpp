@@ -9,6 +9,7 @@
 #include "config/ini_config.h"
 #include "config/local_file_system.h"
 #include "contacts/qt_contact_lookup.h"
+#include "files/private_files.h"
 #include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
@@ -46,9 +47,15 @@ class CountingDataAccess : public pelkedit::IDataAccess {
   std::shared_ptr<EditorEnvironment::Counts> counts_;
 };
 
+// The user's deals and logs live in folders only the user can open.
+void MakePrivateFolder(const QString& folder) {
+  std::error_code ignored;  // a folder that cannot be made fails where its file is opened
+  CreatePrivateFolders(folder.toStdString(), ignored);
+}
+
 std::string InFolder(QStandardPaths::StandardLocation location, const char* fileName) {
   const QString folder = QStandardPaths::writableLocation(location);
-  QDir().mkpath(folder);
+  MakePrivateFolder(folder);
   return QDir(folder).filePath(fileName).toStdString();
 }
 
@@ -56,7 +63,7 @@ std::string InFolder(QStandardPaths::StandardLocation location, const char* file
 
 EditorEnvironment::EditorEnvironment(const EnvironmentOptions& options)
     : dbSource_(OpenOnFirstUse(options.dbPath, options.opening)) {
-  QDir().mkpath(QFileInfo(QString::fromStdString(options.traceLogPath)).absolutePath());
+  MakePrivateFolder(QFileInfo(QString::fromStdString(options.traceLogPath)).absolutePath());
   // The library belongs to this environment on this thread.
   pelkedit::UnloadLibrary();
   pelkedit::Err().Clear();
@@ -105,7 +112,7 @@ std::string DefaultTraceLogPath() {
     stateHome = QDir(home).filePath(".local/state");
   }
   const QString folder = QDir(stateHome).filePath(QCoreApplication::applicationName());
-  QDir().mkpath(folder);
+  MakePrivateFolder(folder);
   return QDir(folder).filePath(kTraceLogFileName).toStdString();
 }
 

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QTextStream>
 
+#include "help_viewer/help_channel.h"
 #include "help_viewer/help_request.h"
 #include "help_viewer/help_window.h"
 
@@ -15,20 +16,16 @@ namespace {
 constexpr int kConnectMilliseconds = 500;
 constexpr int kReplyMilliseconds = 2000;
 
-// One server per window name and user.
-QString ServerName(const QString& window) {
-  return "pelkor-help-" + window + "-" + qEnvironmentVariable("USER", "user");
-}
-
 QByteArray Encode(const pelkor::help::HelpRequest& request) {
   return QString("show %1 %2\n").arg(request.mapId).arg(request.file).toUtf8();
 }
 
-// Hands the request to a viewer already running; false when there is none.
-bool HandOver(const pelkor::help::HelpRequest& request) {
+// Hands the request to a viewer of this user already running; false when there is none.
+bool HandOver(const QString& server, const pelkor::help::HelpRequest& request) {
   QLocalSocket socket;
-  socket.connectToServer(ServerName(request.window));
+  socket.connectToServer(server);
   if (!socket.waitForConnected(kConnectMilliseconds)) return false;
+  if (!pelkor::help::PeerIsThisUser(socket)) return false;
   socket.write(Encode(request));
   socket.flush();
   socket.waitForReadyRead(kReplyMilliseconds);
@@ -63,14 +60,23 @@ int main(int argc, char** argv) {
     QTextStream(stderr) << "usage: pelkor-help -WINDOW -#mapid N FILE\n";
     return 2;
   }
-  if (HandOver(*request)) return 0;
+  const auto serverPath = pelkor::help::HelpServerPath(request->window);
+  if (serverPath && HandOver(*serverPath, *request)) return 0;
 
   pelkor::help::HelpWindow window;
   QLocalServer server;
-  QLocalServer::removeServer(ServerName(request->window));
-  server.listen(ServerName(request->window));
+  server.setSocketOptions(QLocalServer::UserAccessOption);
+  if (serverPath) {
+    QLocalServer::removeServer(*serverPath);
+    server.listen(*serverPath);
+  }
   QObject::connect(&server, &QLocalServer::newConnection, &window, [&server, &window] {
     while (QLocalSocket* socket = server.nextPendingConnection()) {
+      if (!pelkor::help::PeerIsThisUser(*socket)) {
+        socket->abort();
+        socket->deleteLater();
+        continue;
+      }
       QObject::connect(socket, &QLocalSocket::readyRead, &window,
                        [socket, &window] { Serve(socket, window); });
       QObject::connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);

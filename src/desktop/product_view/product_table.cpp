@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
@@ -35,6 +36,10 @@ bool Numeric(Column column) {
 
 ProductTableModel::ProductTableModel(std::shared_ptr<ProductListView> view, QObject* parent)
     : QAbstractTableModel(parent), view_(std::move(view)) {
+  // Amounts are typed and shown as the user's locale writes numbers.
+  const QLocale locale;
+  view_->SetNumberMarks(
+      {locale.decimalPoint().toStdString(), locale.groupSeparator().toStdString()});
   view_->onChanged = [this] {
     if (!editing_) Reset();
     emit totalChanged();
@@ -277,9 +282,9 @@ void ProductTable::Refresh() {
     return;
   }
   try {
-    total_->setText(
-        tr("Total %1")
-            .arg(QString::fromStdString(FormatAmount(view.TotalValue(), kMoneyDecimals))));
+    total_->setText(tr("Total %1")
+                        .arg(QString::fromStdString(
+                            FormatAmount(view.TotalValue(), kMoneyDecimals, view.Marks()))));
   } catch (const pelkedit::PelkError&) {
     total_->setText(tr("Total too large"));
   }

@@ -102,24 +102,41 @@ TEST(RuleEngine, AnyFactsGiveResultsInTheirRangesAndTheSameFactsTheSameResults) 
 TEST(RuleEngine, ABrokenRuleFileNamesTheFileTheRuleAndTheProblem) {
   EXPECT_THAT(ErrorOfEdited("when = ExpertMode && open && SEnvFunding == 1",
                             "when = ExpertMode && open && SEnvFundng == 1"),
-              AllOf(HasSubstr("pelkor-test-advisor.rules"), HasSubstr("rule \"alert_no_funding\""),
-                    HasSubstr("SEnvFundng")));
-  EXPECT_THAT(
-      ErrorOfEdited("kind = alert\nrank = 90", "kind = warning\nrank = 90"),
-      AllOf(HasSubstr("rule \"alert_no_funding\""), HasSubstr("kind is alert, action or basic")));
+              AllOf(HasSubstr("pelkor-test-advisor.rules"),
+                    HasSubstr("rule \"alert_no_funding\" (line 90)"), HasSubstr("SEnvFundng")));
+  EXPECT_THAT(ErrorOfEdited("kind = alert\nrank = 90", "kind = warning\nrank = 90"),
+              AllOf(HasSubstr("rule \"alert_no_funding\" (line 88)"),
+                    HasSubstr("kind is alert, action or basic")));
   EXPECT_THAT(ErrorOfEdited("high = 4 2 1", "high = 4 2 7"),
               AllOf(HasSubstr("priority \"high\""), HasSubstr("from 1 to 5")));
   EXPECT_THAT(ErrorOfEdited("lost = Lost.", "lots = Lost."),
               HasSubstr("verdict \"lost\": it is missing"));
   EXPECT_THAT(ErrorOfEdited("score = won", "scored = won"),
               HasSubstr("the rating \"score\" is missing"));
-  EXPECT_THAT(ErrorOfEdited("[rule trial_close]\nkind = action",
-                            "[rule trial_close]\nkind = action\ncolour = red"),
-              AllOf(HasSubstr("rule \"trial_close\""), HasSubstr("unknown key \"colour\"")));
+  EXPECT_THAT(
+      ErrorOfEdited("[rule trial_close]\nkind = action",
+                    "[rule trial_close]\nkind = action\ncolour = red"),
+      AllOf(HasSubstr("rule \"trial_close\" (line 256)"), HasSubstr("unknown key \"colour\"")));
   EXPECT_THAT(ErrorOfEdited("text = Make a trial close",
                             "text = Make a trial close" + std::string(200, '!')),
-              HasSubstr("longer than 199 characters"));
-  EXPECT_THAT(ErrorOfEdited("[texts]", "[textz]"), HasSubstr("section [textz]: unknown section"));
+              HasSubstr("line 258: it is longer than 199 characters"));
+  EXPECT_THAT(ErrorOfEdited("[texts]", "[textz]"),
+              AllOf(HasSubstr("section [textz] (line"), HasSubstr("unknown section")));
+}
+
+// A rating far beyond its range is the top of the range, not whatever an integer overflow
+// leaves of it.
+TEST(RuleEngine, AHugeRatingIsTheHighest) {
+  std::string text = Installed();
+  const std::string from = "advisor_wih = won";
+  text.replace(text.find(from), from.size(), "advisor_wih = 1e30 + 0 * won");
+  const std::string score = "score = won";
+  text.replace(text.find(score), score.size(), "score = 1e30 + 0 * won");
+  const auto path = std::filesystem::temp_directory_path() / "pelkor-test-huge.rules";
+  std::ofstream(path) << text;
+  const auto engine = CreateRuleEngine(path.string(), [] { return kToday; });
+  EXPECT_EQ(engine->Get("AdvisorWih").AsLong(), 2);
+  EXPECT_EQ(engine->Get("AdvisorExtraResult").AsLong(), 100);
 }
 
 TEST(SalesCycle, ThePlaceFollowsTheDatesAndTheStatus) {

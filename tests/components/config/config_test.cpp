@@ -57,6 +57,11 @@ TEST(IniConfig, AFileThatIsNotIniSaysWhereItBreaks) {
       files.Write("broken.ini", "[Pelkor]\nInstallPath = /x\nthis is not a setting\n");
   EXPECT_THAT(ErrorOf([&] { IniConfig config({broken}); }),
               AllOf(HasSubstr("broken.ini"), HasSubstr("line 3")));
+  // A value longer than the reader's line is named by its own line, not a neighbour's.
+  const std::string longValue = files.Write(
+      "long.ini", "[Pelkor]\nPLKHelpName = x\nInstallPath = /" + std::string(250, 'p') + "\n");
+  EXPECT_THAT(ErrorOf([&] { IniConfig config({longValue}); }),
+              AllOf(HasSubstr("long.ini"), HasSubstr("line 3 is longer than 199 characters")));
 }
 
 TEST(LocalFileSystem, PathsJoinWithOneSeparator) {

@@ -105,6 +105,40 @@ TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookAndKeepsItsIbos) {
   EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 3);
 }
 
+// A database that lost its contact book is refused when opened, not when the book is first
+// looked at; an empty file that was only to be listed stays empty.
+TEST(DamagedDatabase, AMissingContactBookIsRefusedAndListingNeverCreates) {
+  TempFolder folder;
+  const std::string damaged = folder.File("damaged.db");
+  SeedDemoData(*OpenIboStore(damaged));
+  SQLite::Database(damaged, SQLite::OPEN_READWRITE).exec("DROP TABLE contacts");
+  EXPECT_THAT(ErrorOf([&] { OpenIboStore(damaged); }).Description(),
+              HasSubstr("the database is damaged (the contacts table is missing)"));
+
+  const std::string empty = folder.File("empty.db");
+  std::ofstream{empty};
+  EXPECT_THAT(ErrorOf([&] { OpenIboStore(empty, StoreOpening::kExistingOnly); }).Description(),
+              HasSubstr("it holds no IBOs yet"));
+  EXPECT_EQ(std::filesystem::file_size(empty), 0u);
+  EXPECT_FALSE(std::filesystem::exists(empty + "-wal"));
+}
+
+// Databases hold customers, contacts and deal values: a new one, and the files SQLite keeps
+// beside it, are the owner's alone.
+TEST(DamagedDatabase, ANewDatabaseIsPrivate) {
+  TempFolder folder;
+  const std::string path = folder.File("private.db");
+  const auto store = OpenIboStore(path);
+  SeedDemoData(*store);
+  namespace fs = std::filesystem;
+  for (const std::string& file : {path, path + "-wal", path + "-shm"}) {
+    ASSERT_TRUE(fs::exists(file)) << file;
+    EXPECT_EQ(fs::status(file).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write)
+        << file;
+  }
+}
+
 TEST(DamagedDatabase, MissingFileIsCreatedButMissingFolderIsAnError) {
   TempFolder folder;
   const std::string fresh = folder.File("fresh.db");

@@ -56,6 +56,29 @@ TEST(ProductListView, RefusedEntriesSayWhyAndChangeNothing) {
   EXPECT_FALSE(view.ProductsChanged());
 }
 
+TEST(ProductListView, CellsShowAndReadTheUsersNumberMarks) {
+  ProductListView view;
+  view.SetNumberMarks({",", "."});
+  view.SetProducts(kStored);
+  EXPECT_EQ(view.CellText(0, Column::kUnitPrice), "8.950,00");
+  EXPECT_EQ(view.Enter(1, Column::kQuantity, "1,5"), "");
+  EXPECT_EQ(view.CellText(1, Column::kQuantity), "1,5");
+  EXPECT_EQ(ReadProductText(view.ProductText()).lines[1].quantity.ToString(), "1.5");
+}
+
+TEST(ProductListView, AStoredListWhoseTotalOverflowsIsKeptAndExplained) {
+  ProductListView view;
+  const std::string stored = "1\tA\t900000000000000\n1\tB\t900000000000000";
+  EXPECT_THROW(view.SetProducts(stored), pelkedit::PelkError);
+  EXPECT_EQ(view.ProductText(), stored);
+  try {
+    view.TotalValue();
+    FAIL() << "an overflowing total was returned";
+  } catch (const pelkedit::PelkError& error) {
+    EXPECT_THAT(error.Description(), HasSubstr("the total of its lines is too large"));
+  }
+}
+
 TEST(ProductListView, LinesAreAddedAndRemoved) {
   ProductListView view;
   view.SetProducts("");

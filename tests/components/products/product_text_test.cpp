@@ -86,7 +86,29 @@ TEST(ProductText, TextsThatCannotBeReadSayWhy) {
   EXPECT_THAT(ErrorOf(prefix + R"({"deliveryDate":"2027-02-30"}]})"),
               HasSubstr("line 1: deliveryDate is not a date"));
   EXPECT_THAT(ErrorOf(prefix + R"({"product":7}]})"), HasSubstr("line 1: product is not a text"));
-  EXPECT_THAT(ErrorOf(prefix + R"({"unitPrice":"1e400"}]})"), HasSubstr("is not a number"));
+  EXPECT_THAT(ErrorOf(prefix + R"({"unitPrice":"1e400"}]})"), HasSubstr("is too large"));
+  EXPECT_THAT(ErrorOf(prefix + R"({"unitPrice":1e30}]})"),
+              HasSubstr("line 1: unitPrice \"1e+30\" is too large"));
+  // A number no double holds is refused by the reader itself, as the same kind of error.
+  EXPECT_THAT(ErrorOf(prefix + R"({"quantity":1e400}]})"), HasSubstr("number too large"));
+  EXPECT_EQ(ReadProductText(prefix + R"({"quantity":2.5e1}]})").lines[0].quantity.ToString(), "25");
+}
+
+// Copying and writing a JSON value recurse per level: a crafted text nested far deeper than a
+// product list is refused before it can exhaust the stack, while ordinary nesting in unknown
+// fields still round-trips.
+TEST(ProductText, DeepNestingIsRefusedNotACrash) {
+  const std::size_t levels = 100000;
+  const std::string deep = R"({"format":"pelkor-products","version":1,"x":)" +
+                           std::string(levels, '[') + std::string(levels, ']') + "}";
+  EXPECT_THAT(ErrorOf(deep), HasSubstr("nested more than 32 levels deep"));
+  // Brackets inside strings are text, not nesting.
+  const std::string quoted =
+      R"({"format":"pelkor-products","version":1,"x":")" + std::string(levels, '[') + R"("})";
+  EXPECT_EQ(ReadProductText(quoted).unknown["x"].get<std::string>().size(), levels);
+  const std::string nested =
+      R"({"format":"pelkor-products","lines":[],"version":1,"x":[[[[{"y":[1]}]]]]})";
+  EXPECT_EQ(WriteProductText(ReadProductText(nested)), nested);
 }
 
 TEST(ProductText, AmountsReadAndPrintAsPeopleWriteThem) {
@@ -95,6 +117,39 @@ TEST(ProductText, AmountsReadAndPrintAsPeopleWriteThem) {
   EXPECT_EQ(FormatAmount(Currency::Parse("2.125"), 0), "2.125");
   EXPECT_EQ(ParseAmount("1,150.00", "price").ToString(), "1150");
   EXPECT_THROW(ParseAmount("1 1/2", "quantity"), ProductTextError);
+}
+
+std::string AmountError(const std::string& text, const NumberMarks& marks) {
+  try {
+    return "read as " + ParseAmount(text, "quantity", marks).ToString();
+  } catch (const ProductTextError& error) {
+    return error.what();
+  }
+}
+
+// "1,5" is one and a half to a German and fifteen-or-a-typo to an English reader: each locale
+// reads what is unambiguous in its marks and refuses the rest, naming the cell.
+TEST(ProductText, AmountsFollowTheUsersLocaleAndAmbiguityIsRefused) {
+  const NumberMarks english;
+  const NumberMarks german{",", "."};
+  const NumberMarks french{",", "\u202F"};
+  EXPECT_EQ(AmountError("1,5", german), "read as 1.5");
+  EXPECT_EQ(AmountError("1.234,56", german), "read as 1234.56");
+  EXPECT_EQ(AmountError(" 2,50 ", german), "read as 2.5");
+  EXPECT_EQ(AmountError("1 234,5", french), "read as 1234.5");
+  EXPECT_EQ(AmountError("1\u202F234,5", french), "read as 1234.5");
+  EXPECT_EQ(AmountError("1,234,567.5", english), "read as 1234567.5");
+  EXPECT_EQ(AmountError("-1,000", english), "read as -1000");
+  EXPECT_EQ(AmountError("1,5", english),
+            "quantity \"1,5\" cannot be read: here \".\" marks the decimals and \",\" groups "
+            "thousands");
+  EXPECT_THAT(AmountError("2,50", english), HasSubstr("cannot be read"));
+  EXPECT_THAT(AmountError("1.5", german), HasSubstr("cannot be read"));
+  EXPECT_THAT(AmountError("12,34.5", english), HasSubstr("cannot be read"));
+  EXPECT_THAT(AmountError("1,2345", english), HasSubstr("cannot be read"));
+  EXPECT_THAT(AmountError("1.2.3", english), HasSubstr("is not a number"));
+  EXPECT_THAT(AmountError("1e30", english), HasSubstr("\"1e30\" is too large"));
+  EXPECT_EQ(FormatAmount(Currency::Parse("1234567.5"), 2, german), "1.234.567,50");
 }
 
 }  // namespace

@@ -159,6 +159,26 @@ TEST_F(TraceLogTest, EachSessionAppendsToTheSameFile) {
   EXPECT_THAT(ReadLog(log), ElementsAre(Parsed(0, "->", "First"), Parsed(0, "->", "Second")));
 }
 
+// The log names customers and their deals' errors: it and the folders made for it are private,
+// the first file and a rotated one alike.
+TEST_F(TraceLogTest, TheLogIsTheUsersAlone) {
+  const fs::path log = dir_ / "state" / "pelkor" / "private.log";
+  TraceLog trace(platform_, log.string(), 100);
+  for (int i = 0; i < 5; ++i) {
+    trace.EnterProc("Action" + std::to_string(i));
+    trace.LeaveProc("Action" + std::to_string(i));
+  }
+  for (const fs::path& file : {log, fs::path(log.string() + ".1")}) {
+    ASSERT_TRUE(fs::exists(file)) << file;
+    EXPECT_EQ(fs::status(file).permissions() & fs::perms::all,
+              fs::perms::owner_read | fs::perms::owner_write)
+        << file;
+  }
+  for (const fs::path& folder : {dir_ / "state", dir_ / "state" / "pelkor"}) {
+    EXPECT_EQ(fs::status(folder).permissions() & fs::perms::all, fs::perms::owner_all) << folder;
+  }
+}
+
 // A full log is kept as PATH.1 between two user actions, never in the middle of one.
 TEST_F(TraceLogTest, AFullLogIsKeptOnceAndANewOneStarts) {
   const fs::path log = dir_ / "rotating.log";

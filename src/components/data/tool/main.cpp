@@ -2,6 +2,7 @@
 // database (from a file to a server, say).
 #include <cstdio>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -17,7 +18,15 @@ namespace {
 
 constexpr int kExitFailure = 1;
 
-const char* Plural(int count) {
+// "999,990": counts of skipped lines run into the millions.
+std::string Grouped(std::size_t count) {
+  std::string digits = std::to_string(count);
+  constexpr std::size_t kGroup = 3;
+  for (std::size_t at = digits.size(); at > kGroup; at -= kGroup) digits.insert(at - kGroup, ",");
+  return digits;
+}
+
+const char* Plural(std::size_t count) {
   return count == 1 ? "" : "s";
 }
 
@@ -48,14 +57,21 @@ void Copy(const std::string& from, const std::string& to) {
 void ImportContacts(const std::string& name, const std::string& file) {
   const auto db = OpenExisting(name);
   const pelkor::ContactImport read = pelkor::ReadContactFile(file);
+  // One buffered report: a file of a million bad lines is summed up, not listed.
+  std::ostringstream report;
   for (const pelkor::ImportProblem& problem : read.skipped) {
-    std::cerr << file << ":" << problem.line << ": skipped: " << problem.why << "\n";
+    report << file << ":" << problem.line << ": skipped: " << problem.why << "\n";
   }
+  for (const auto& [kind, more] : read.moreSkipped) {
+    report << file << ": and " << Grouped(more) << " more line" << Plural(more)
+           << " like it skipped: " << kind << "\n";
+  }
+  std::cerr << report.str();
   // One transaction: all of the readable contacts, or none.
   const int added = db->AddContacts(read.contacts);
   std::cout << "Imported " << added << " new contact" << (added == 1 ? "" : "s") << " from '"
             << file << "' (" << read.contacts.size() - static_cast<std::size_t>(added)
-            << " already in the book, " << read.skipped.size() << " skipped).\n";
+            << " already in the book, " << read.SkippedCount() << " skipped).\n";
 }
 
 void List(const std::string& name) {
