@@ -65,6 +65,31 @@ class KeyboardTest : public QObject {
     QVERIFY(host.Qt<QWidget>("fraMainSEnvClose")->isVisible());
   }
 
+  // The sales-cycle graph is drawn from the date just typed, whichever way Essentials is left:
+  // the field being edited loses the focus before the tab changes.
+  void theGraphShowsTheDateJustTypedAfterCtrlTabOrAClickOnTheStrip() {
+    constexpr int kSalesAdvisorX = 120;
+    for (const bool byClick : {false, true}) {
+      Host host;
+      QVERIFY(host.Open(kExpertIbo));
+      const QDate typed = QDate::currentDate().addDays(60);
+      TypeDate(host.Qt<QDateEdit>("deWwih"), typed);
+      if (byClick) {
+        QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                          QPoint(kSalesAdvisorX, 10));
+      } else {
+        Keys(*host.window, Qt::Key_Tab, Qt::ControlModifier);
+      }
+      QCOMPARE(host.window->Component()->State().mainTab, tab::kSalesAdvisor);
+      QCOMPARE(QDateOf(host.Rec().Get("WwihDate").AsDate()), typed);
+      const std::string graph =
+          host.window->Component()->Widgets().Get<pelkedit::TextBox>("txtSalesCycle").Text();
+      QVERIFY2(graph.find("past the expected date") == std::string::npos, graph.c_str());
+      // The focus went on to the page shown, not back to the hidden date.
+      QVERIFY(QApplication::focusWidget() == nullptr || QApplication::focusWidget()->isVisible());
+    }
+  }
+
   // A basic IBO has no Sales Environment to step through.
   void basicModeStepsOverTheSalesEnvironment() {
     Host basic;

@@ -15,6 +15,7 @@
 #include "binding/date_widgets.h"
 #include "contracts/names.h"
 #include "control/layout.h"
+#include "control/tab_strips.h"
 #include "pictures/pictures.h"
 #include "platform/platform.h"
 #include "values/error.h"
@@ -26,7 +27,6 @@ namespace {
 constexpr int kFormWidth = 600;
 constexpr int kFormHeight = 400;
 constexpr const char* kAppTitle = "Pelkor";
-constexpr int kStatusMessageMs = 8000;
 // Long enough to read after closing the refusal's message box.
 constexpr int kConflictMessageMs = 30000;
 
@@ -55,6 +55,9 @@ BinderOptions FormOptions(QtPlatform& platform) {
                            {pelkedit::widget::picPmCmnSqr, picture::kCommonSquare},
                            {pelkedit::widget::picSalesCycle, picture::kSalesCycle},
                            {pelkedit::widget::picLine, picture::kCycleMarker},
+                           // The phase strip has no picture of its own until a phase is
+                           // pressed; until then the first phase is the one shown.
+                           {pelkedit::widget::picSEnvTab, pelkedit::PhaseStrip().firstPicture},
                            {"picEconLookup", picture::kLookupButton},
                            {"picTechLookup", picture::kLookupButton},
                            {"picUserLookup", picture::kLookupButton}};
@@ -67,6 +70,7 @@ BinderOptions FormOptions(QtPlatform& platform) {
   for (std::int32_t phase = 0; phase < pelkedit::tab::kPhaseCount; ++phase) {
     options.stretch[pelkedit::PhaseFrameName(phase)] = kGrowWidth | kGrowHeight;
   }
+  options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
   options.stretch[pelkedit::widget::cmdSave] = kFollowRight | kFollowBottom;
   options.stretch[pelkedit::widget::cmdCancel] = kFollowRight | kFollowBottom;
   options.stretch[pelkedit::widget::rtfAdvisorMsg] = kGrowWidth | kGrowHeight;
@@ -273,6 +277,8 @@ void HostWindow::UpdateTitle() {
 }
 
 void HostWindow::AfterUserAction() {
+  // A press on a tab strip took the focus from the field being edited: it goes to the page.
+  FocusFirstOfShownPage();
   UpdateTitle();
   if (environment_.SavesRefused() == savesRefusedSeen_) return;
   savesRefusedSeen_ = environment_.SavesRefused();
@@ -305,10 +311,24 @@ bool HostWindow::ReleaseCurrent() {
   if (!HostCall([this] { component_->FormClose(); })) return false;
   // Saved on request (Yes) or discarded on request (No): the IBO may go.
   if (!component_->IboChanged() || environment_.WritesDone() > writesBefore) return true;
-  if (platform.MessagesShown() == messagesBefore) {
-    // The component did not ask again: an earlier Cancel on its prompt still stands.
-    statusBar()->showMessage(tr("The IBO has unsaved changes: use Save or Cancel first."),
-                             kStatusMessageMs);
+  // The component asked and the user kept the window (Cancel), or the save was refused.
+  if (platform.MessagesShown() != messagesBefore) return false;
+  // The component asks only once: after a Cancel on its question the closing asks here, so
+  // that Save is never the only way out.
+  return AskBeforeClosing();
+}
+
+bool HostWindow::AskBeforeClosing() {
+  const auto answer = environment_.Platform().MsgBox(
+      tr("This IBO has changes that are not saved. Save them before closing?").toStdString(),
+      pelkedit::MsgIcon::kQuestion, pelkedit::MsgButtons::kYesNoCancel, kAppTitle);
+  if (answer == pelkedit::MsgAnswer::kNo) return true;
+  if (answer == pelkedit::MsgAnswer::kYes && binder_ != nullptr) {
+    // The editor's own Save: checked, written, and its close request closes the window; a
+    // refused save keeps the window and the edits.
+    if (auto* save = qobject_cast<QPushButton*>(binder_->WidgetFor(pelkedit::widget::cmdSave))) {
+      save->click();
+    }
   }
   return false;
 }
@@ -320,9 +340,15 @@ void HostWindow::OnCloseRequested() {
 }
 
 void HostWindow::closeEvent(QCloseEvent* event) {
-  // After Save the record is written and the component would only ask about it again.
-  const bool savedByComponent = closeRequested_ && component_ && component_->IboSaved();
-  if (!savedByComponent && !ReleaseCurrent()) {
+  if (closeRequested_ && component_) {
+    // The component asks for the close only when the record is settled: saved, discarded by
+    // the user's No, or unchanged. After Save it would only ask about the record again; else
+    // it is told the window closes, and whatever it collects then is what the user gave up.
+    if (!component_->IboSaved()) HostCall([this] { component_->FormClose(); });
+    event->accept();
+    return;
+  }
+  if (!ReleaseCurrent()) {
     event->ignore();
     return;
   }

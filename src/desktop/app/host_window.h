@@ -62,6 +62,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void UpdateActions();
   // Lets the component close its IBO; true when nothing the user wants kept is left unsaved.
   bool ReleaseCurrent();
+  // Asks whether to save when the component will not ask again; false keeps the window.
+  bool AskBeforeClosing();
   // Runs a call into the component; a failure is shown to the user. Returns whether it ran.
   bool HostCall(const std::function<void()>& call);
   // A host call that may change the record: the title follows.

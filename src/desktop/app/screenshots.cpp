@@ -33,6 +33,7 @@ struct TabShot {
   std::string name;
   float mainX;
   std::optional<float> phaseX;
+  std::int32_t phase = pelkedit::tab::kNoPhase;
 };
 
 float Centre(const pelkedit::TabBand& band) {
@@ -57,8 +58,8 @@ std::vector<TabShot> TabsOf(const pelkedit::TabStrip& strip) {
       continue;
     }
     for (const pelkedit::TabBand& phase : pelkedit::PhaseStrip().bands) {
-      shots.push_back(
-          {FileName(std::string(band.caption) + " " + phase.caption), Centre(band), Centre(phase)});
+      shots.push_back({FileName(std::string(band.caption) + " " + phase.caption), Centre(band),
+                       Centre(phase), phase.tab});
     }
   }
   return shots;
@@ -69,10 +70,13 @@ void Press(pelkedit::PelkIboEdit& component, const char* strip, float x) {
   QApplication::processEvents();
 }
 
-// A press on the tab's band, and on its phase's band.
+// A press on the tab's band, and on its phase's band unless that phase is already the one
+// shown: the pictures show what a user sees, so nothing is pressed that a user would not press.
 void PressTab(pelkedit::PelkIboEdit& component, const TabShot& tab) {
   Press(component, pelkedit::widget::picMainTab, tab.mainX);
-  if (tab.phaseX) Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
+  if (tab.phaseX && tab.phase != component.State().sEnvTab) {
+    Press(component, pelkedit::widget::picSEnvTab, *tab.phaseX);
+  }
 }
 
 // Writes FOLDER/iboID-NAME.png of what the widget shows; returns its path.

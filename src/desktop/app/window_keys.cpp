@@ -25,7 +25,12 @@ void PressNext(HostWindow& window, const char* stripName, const pelkedit::TabStr
       strip.bands[static_cast<std::size_t>(((at + step) % count + count) % count)];
   const float centre = static_cast<float>(band.first + band.last) / 2.0F;
   auto& picture = window.Component()->Widgets().Get<pelkedit::PictureBox>(stripName);
-  window.Binding()->Run([&] { picture.UserMouseDown(kLeftButton, 0, centre, 0); });
+  // As a press on the strip: the field being edited loses the focus, and commits, first.
+  pelkedit::WidgetRegistry& widgets = window.Component()->Widgets();
+  window.Binding()->Run([&] {
+    widgets.MoveFocus(nullptr);
+    picture.UserMouseDown(kLeftButton, 0, centre, 0);
+  });
   window.FocusFirstOfShownPage();
 }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,9 @@ struct BinderOptions {
   std::function<void(const std::exception&)> onError;
   // Widgets (by name) that follow a form grown beyond the design; the others keep their place.
   std::map<std::string, int> stretch;
+  // Pictures that take the focus when pressed, as the tab strips do: the field being edited
+  // loses it first, so that what was typed is committed before the press is handled.
+  std::set<std::string> focusTakingPictures;
 };
 
 // Shows every widget model of a registry as a real Qt widget of the same object name on a form,
@@ -130,5 +134,9 @@ class Binder : public QObject {
   // Observers outlive the binder on the models; they hold this only weakly.
   std::shared_ptr<Binder*> self_;
 };
+
+// Gives the model the selection a text box's widget shows: UTF-16 positions START to END of
+// the widget's TEXT, as the model counts characters.
+void SyncSelection(pelkedit::TextBox& box, const QString& text, int start, int end);
 
 }  // namespace pelkor::desktop

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextCursor>
 #include <QTextEdit>
 #include <cmath>
 
@@ -184,7 +185,23 @@ void Binder::ApplyKindSpecific(Binding& binding, const std::string& property) {
           line->setSelection(start, Utf16Offset(text, box.SelStart() + box.SelLength()) - start);
         }
       } else if (auto* plain = qobject_cast<QPlainTextEdit*>(binding.inner.data())) {
-        if (property == "text" && plain->toPlainText() != text) plain->setPlainText(text);
+        if (property == "text" && plain->toPlainText() != text) {
+          // What the editor inserts (a date stamp) leaves the caret after it, where the user's
+          // typing goes on; the model takes that caret too.
+          const QString old = plain->toPlainText();
+          const QTextCursor before = plain->textCursor();
+          const QString kept = old.mid(before.selectionEnd());
+          const bool insertedAtCaret =
+              !old.isEmpty() && text.startsWith(old.left(before.selectionStart())) &&
+              text.endsWith(kept) && text.size() >= before.selectionStart() + kept.size();
+          plain->setPlainText(text);
+          if (insertedAtCaret) {
+            QTextCursor cursor = plain->textCursor();
+            cursor.setPosition(static_cast<int>(text.size() - kept.size()));
+            plain->setTextCursor(cursor);
+            SyncSelection(box, text, cursor.position(), cursor.position());
+          }
+        }
         if (property == "locked") plain->setReadOnly(box.Locked());
       }
       break;

@@ -47,7 +47,31 @@ std::string ToModelText(const QString& text, bool multiline) {
   return result.toStdString();
 }
 
+// A widget's UTF-16 position as the model counts it: code points, and a line break of a
+// multi-line box as the two characters the model holds for it.
+int ModelOffset(const QString& text, int position, bool multiline) {
+  int offset = 0;
+  for (int i = 0; i < position && i < text.size(); ++i) {
+    if (text.at(i).isLowSurrogate()) continue;
+    offset += multiline && text.at(i) == '\n' ? 2 : 1;
+  }
+  return offset;
+}
+
 }  // namespace
+
+// The caret and selection the user sees in a multi-line box are the model's: procedures that
+// insert at the caret (the note's date stamp) use the place the user chose. (The model's
+// selection goes back to a box only for single-line fields, which keep their own.)
+void SyncSelection(pelkedit::TextBox& box, const QString& text, int start, int end) {
+  const bool multiline = box.Multiline();
+  const int modelStart = ModelOffset(text, start, multiline);
+  const int modelLength = ModelOffset(text, end, multiline) - modelStart;
+  if (box.SelStart() == modelStart && box.SelLength() == modelLength) return;
+  box.SetSelection(modelStart, modelLength);
+}
+
+namespace {}  // namespace
 
 void Binder::ConnectInput(Binding& binding) {
   switch (binding.model->Kind()) {
@@ -117,8 +141,24 @@ void Binder::ConnectText(Binding& binding) {
   connect(plain, &QPlainTextEdit::textChanged, this, [this, box, plain] {
     if (applying_) return;
     const QString text = plain->toPlainText();
-    Dispatch([box, text] { box->UserType(ToModelText(text, true)); });
+    const QTextCursor cursor = plain->textCursor();
+    const int start = cursor.selectionStart();
+    const int end = cursor.selectionEnd();
+    Dispatch([box, text, start, end] {
+      box->UserType(ToModelText(text, true));
+      SyncSelection(*box, text, start, end);
+    });
   });
+  // A caret moved within the text the model already has; while typing, the text comes first.
+  const auto selection = [this, box, plain] {
+    if (applying_) return;
+    const QString text = plain->toPlainText();
+    if (ToModelText(text, true) != box->Text()) return;
+    const QTextCursor cursor = plain->textCursor();
+    SyncSelection(*box, text, cursor.selectionStart(), cursor.selectionEnd());
+  };
+  connect(plain, &QPlainTextEdit::cursorPositionChanged, this, selection);
+  connect(plain, &QPlainTextEdit::selectionChanged, this, selection);
 }
 
 void Binder::ConnectDates(Binding& binding) {
@@ -174,7 +214,11 @@ bool Binder::MouseEvent(Binding& binding, QEvent* event) {
   pelkedit::Widget* model = binding.model;
   const bool isButton = model->Kind() == WidgetKind::kButton;
   if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-    Dispatch([model, button, shift, x, y] { model->UserMouseDown(button, shift, x, y); });
+    const bool takesFocus = options_.focusTakingPictures.count(model->Name()) != 0;
+    Dispatch([this, model, button, shift, x, y, takesFocus] {
+      if (takesFocus) registry_.MoveFocus(nullptr);
+      model->UserMouseDown(button, shift, x, y);
+    });
     return true;
   }
   const bool inside = binding.inner && binding.inner->rect().contains(mouse->position().toPoint());
