@@ -86,6 +86,41 @@ class ContactLookupTest : public QObject {
     QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picUserLookup"), Qt::LeftButton);
     QCOMPARE(host.Rec().Get("DmUserName").AsString(), std::string("Zoë Brännström"));
   }
+
+  // From the keyboard: F4 (or Alt+Down) in a name opens its look-up, and Tab reaches the "..."
+  // button right after the name, where Space opens it too.
+  void theLookUpOpensFromTheKeyboard() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    PressMainTab(host, kSalesEnvironmentX);
+    auto* name = host.Qt<QLineEdit>("txtProbeTechName");
+    name->setFocus();
+    QTRY_VERIFY(name->hasFocus());
+    PickInNextDialog("zoe brann");
+    QTest::keyClick(name, Qt::Key_F4);
+    QCOMPARE(host.Rec().Get("DmTechName").AsString(), std::string("Zoë Brännström"));
+
+    // The window is active again once the look-up has closed.
+    host.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+    auto* econ = host.Qt<QLineEdit>("txtProbeEconName");
+    econ->setFocus();
+    QTRY_VERIFY(econ->hasFocus());
+    PickInNextDialog("petrov");
+    QTest::keyClick(econ, Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(host.Rec().Get("DmEconName").AsString(), std::string("Nadia Petrova"));
+
+    host.window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(host.window.get()));
+    econ->setFocus();
+    QTRY_VERIFY(econ->hasFocus());
+    QTest::keyClick(econ, Qt::Key_Tab);
+    auto* button = host.Qt<pelkor::desktop::PictureView>("picEconLookup");
+    QTRY_VERIFY(button->hasFocus());
+    PickInNextDialog("zoe brann");
+    QTest::keyClick(button, Qt::Key_Space);
+    QCOMPARE(host.Rec().Get("DmEconName").AsString(), std::string("Zoë Brännström"));
+  }
 };
 
 QTEST_MAIN(ContactLookupTest)

@@ -78,6 +78,12 @@ std::string ProductListView::CellText(std::size_t line, Column column) const {
 
 std::string ProductListView::Enter(std::size_t line, Column column, const std::string& text) {
   if (!Editable(line)) return "the product list cannot be edited";
+  const std::string why = Take(line, column, text);
+  // The table shows the message away from the cell: it names the line it is about.
+  return why.empty() ? why : "line " + std::to_string(line + 1) + ": " + why;
+}
+
+std::string ProductListView::Take(std::size_t line, Column column, const std::string& text) {
   ProductLine edited = list_.lines[line];
   try {
     switch (column) {
@@ -86,8 +92,14 @@ std::string ProductListView::Enter(std::size_t line, Column column, const std::s
         break;
       case Column::kQuantity:
         edited.quantity = ParseAmount(text, "quantity", marks_);
+        // Fractions are hours, days or metres; what is given back is a credit at a negative
+        // unit price, so that the quantity always counts something delivered.
+        if (edited.quantity < Currency()) {
+          return "the quantity cannot be negative: enter a credit as a negative unit price";
+        }
         break;
       case Column::kUnitPrice:
+        // A negative unit price is a credit: a trade-in, a refund or a goodwill deduction.
         edited.unitPrice = ParseAmount(text, "unit price", marks_);
         break;
       case Column::kDiscount:

@@ -38,8 +38,9 @@ class ProductListView : public pelkedit::IProductView {
 
   // What a cell shows; the value column is worked out, the others are as entered.
   std::string CellText(std::size_t line, Column column) const;
-  // Takes what the user entered into a cell. Returns "" when taken, otherwise why not (the
-  // line keeps what it had). The value column cannot be entered.
+  // Takes what the user entered into a cell. Returns "" when taken, otherwise why not, naming
+  // the line (the line keeps what it had). The value column cannot be entered. Quantities may
+  // be fractional (hours, metres) but not negative; a negative unit price is a credit.
   std::string Enter(std::size_t line, Column column, const std::string& text);
   // A new empty line at the end and its index; none while the text could not be read.
   std::optional<std::size_t> AddLine();
@@ -49,6 +50,7 @@ class ProductListView : public pelkedit::IProductView {
   std::function<void()> onChanged;
 
  private:
+  std::string Take(std::size_t line, Column column, const std::string& text);
   void Changed();
   bool Editable(std::size_t line) const;
   ProductList list_;

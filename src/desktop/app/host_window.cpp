@@ -71,6 +71,9 @@ BinderOptions FormOptions(QtPlatform& platform) {
     options.stretch[pelkedit::PhaseFrameName(phase)] = kGrowWidth | kGrowHeight;
   }
   options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
+  options.lookups = {{"txtProbeEconName", "picEconLookup"},
+                     {"txtProbeTechName", "picTechLookup"},
+                     {"txtProbeUserName", "picUserLookup"}};
   options.stretch[pelkedit::widget::cmdSave] = kFollowRight | kFollowBottom;
   options.stretch[pelkedit::widget::cmdCancel] = kFollowRight | kFollowBottom;
   options.stretch[pelkedit::widget::rtfAdvisorMsg] = kGrowWidth | kGrowHeight;
@@ -90,8 +93,10 @@ BinderOptions FormOptions(QtPlatform& platform) {
   return options;
 }
 
-// Tab moves through the form in the order the component lays its widgets out.
-void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
+// Tab moves through the form in the order the component lays its widgets out; a look-up
+// button comes right after the name it looks up.
+void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder,
+                 const std::map<std::string, std::string>& lookups) {
   QWidget* previous = nullptr;
   for (const pelkedit::Widget* model : widgets.All()) {
     if (!model->Focusable()) continue;
@@ -103,6 +108,11 @@ void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
     if (auto* box = qobject_cast<DateEditBox*>(binder.PlacedWidgetFor(model->Name()))) {
       QWidget::setTabOrder(previous, box->DropButton());
       previous = box->DropButton();
+    }
+    const auto lookup = lookups.find(model->Name());
+    if (QWidget* button = lookup == lookups.end() ? nullptr : binder.WidgetFor(lookup->second)) {
+      QWidget::setTabOrder(previous, button);
+      previous = button;
     }
   }
 }
@@ -203,7 +213,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   form->installEventFilter(this);
   auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
   binder->setObjectName("binder");
-  SetTabOrder(component->Widgets(), *binder);
+  SetTabOrder(component->Widgets(), *binder, FormOptions(environment_.Platform()).lookups);
   connect(binder, &Binder::userActionHandled, this, &HostWindow::AfterUserAction);
   if (QWidget* advisorSays = binder->WidgetFor(pelkedit::widget::cmdAdvisorSays)) {
     advisorSays->setToolTip(tr("Hold the button (or Space) to see the advisor's view"));

@@ -15,6 +15,8 @@
 #include "widgets/controls.h"
 #include "widgets/widget_registry.h"
 
+class QKeyEvent;
+
 namespace pelkor::desktop {
 
 // How a widget follows the form when the form is larger than the component's design.
@@ -38,6 +40,9 @@ struct BinderOptions {
   // Pictures that take the focus when pressed, as the tab strips do: the field being edited
   // loses it first, so that what was typed is committed before the press is handled.
   std::set<std::string> focusTakingPictures;
+  // Pictures that open a text box's look-up ("..."), by the box's name: the picture is a Tab
+  // stop after the box that Space or Enter presses, and F4 or Alt+Down in the box presses it.
+  std::map<std::string, std::string> lookups;
 };
 
 // Shows every widget model of a registry as a real Qt widget of the same object name on a form,
@@ -101,6 +106,7 @@ class Binder : public QObject {
   void ChooseKeys();
   void ConnectKeys(Binding& binding);
   bool KeyEvent(Binding& binding, QEvent* event);
+  pelkedit::Widget* LookupOpenedBy(const Binding& binding, const QKeyEvent& key) const;
   QString ShownCaption(const pelkedit::Widget& model) const;
   const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
   void ApplyLabelCaption(Binding& binding);

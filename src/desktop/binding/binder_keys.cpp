@@ -122,8 +122,14 @@ void Binder::ChooseKeys() {
 void Binder::ConnectKeys(Binding& binding) {
   const WidgetKind kind = binding.model->Kind();
   if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
-      kind == WidgetKind::kDateField || kind == WidgetKind::kButton) {
+      kind == WidgetKind::kDateField || kind == WidgetKind::kButton ||
+      options_.lookups.count(binding.model->Name()) != 0) {
     binding.inner->installEventFilter(this);
+  }
+  for (const auto& [box, picture] : options_.lookups) {
+    if (picture != binding.model->Name()) continue;
+    binding.inner->setFocusPolicy(Qt::StrongFocus);
+    binding.inner->setToolTip(tr("Look up in the contact book (F4 in the name)"));
   }
   if (kind == WidgetKind::kOption) UpdateTabStops(binding);
 }
@@ -198,10 +204,39 @@ void Binder::UpdateTabStops(Binding& option) {
   }
 }
 
+// The look-up picture of a name box, when the key opens it: F4 or Alt+Down in the box, Space
+// or Enter on the picture.
+pelkedit::Widget* Binder::LookupOpenedBy(const Binding& binding, const QKeyEvent& key) const {
+  const std::string& name = binding.model->Name();
+  const bool drop =
+      key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
+  if (const auto box = options_.lookups.find(name); box != options_.lookups.end() && drop) {
+    return registry_.Find(box->second);
+  }
+  const bool press =
+      key.key() == Qt::Key_Space || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+  for (const auto& [box, picture] : options_.lookups) {
+    if (picture == name && press) return binding.model;
+  }
+  return nullptr;
+}
+
 bool Binder::KeyEvent(Binding& binding, QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   const bool press = event->type() == QEvent::KeyPress;
   pelkedit::Widget* model = binding.model;
+  if (pelkedit::Widget* lookup = LookupOpenedBy(binding, *key)) {
+    if (press && !key->isAutoRepeat()) {
+      // The name typed so far is committed first, as a click on the picture would do.
+      Dispatch([this, lookup, model] {
+        registry_.MoveFocus(nullptr);
+        lookup->UserClick();
+        // Typing in the box goes on after the look-up and is committed when the box is left.
+        if (model->Focusable()) registry_.MoveFocus(model);
+      });
+    }
+    return true;
+  }
   switch (model->Kind()) {
     case WidgetKind::kOption: {
       if (!press || !IsArrow(key->key())) return false;

@@ -1,5 +1,6 @@
 #include "product_view/product_table.h"
 
+#include <QDate>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -10,6 +11,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "product_view/product_table_view.h"
 #include "products/product_text.h"
 #include "values/error.h"
 
@@ -19,13 +21,9 @@ namespace {
 using Column = ProductListView::Column;
 
 constexpr std::array<Column, ProductTableModel::kFixedColumns> kFixed = {
-    Column::kProduct, Column::kQuantity, Column::kUnitPrice, Column::kValue};
-constexpr std::array<Column, 3> kChoices = {Column::kDelivery, Column::kNote, Column::kDiscount};
+    Column::kProduct, Column::kQuantity, Column::kUnitPrice, Column::kDiscount, Column::kValue};
+constexpr std::array<Column, 2> kChoices = {Column::kDelivery, Column::kNote};
 constexpr int kMoneyDecimals = 2;
-constexpr int kProductWidth = 170;
-constexpr int kNumberWidth = 42;
-constexpr int kMoneyWidth = 78;
-constexpr int kDateWidth = 80;
 
 bool Numeric(Column column) {
   return column == Column::kQuantity || column == Column::kUnitPrice || column == Column::kValue ||
@@ -83,12 +81,25 @@ QString ProductTableModel::ColumnTitle(Column column) {
   return {};
 }
 
+QString ProductTableModel::DateFormat() {
+  QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
+  // Four-digit years, as the editor's other dates show them.
+  if (!format.contains("yyyy")) format.replace("yy", "yyyy");
+  return format;
+}
+
 QVariant ProductTableModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   const Column column = ColumnAt(index.column());
   const auto row = static_cast<std::size_t>(index.row());
   switch (role) {
     case Qt::DisplayRole:
+      if (column == Column::kDelivery) {
+        const QString stored = QString::fromStdString(view_->CellText(row, column));
+        const QDate date = QDate::fromString(stored, Qt::ISODate);
+        return date.isValid() ? date.toString(DateFormat()) : stored;
+      }
+      return QString::fromStdString(view_->CellText(row, column));
     case Qt::EditRole:
       return QString::fromStdString(view_->CellText(row, column));
     case Qt::ToolTipRole:
@@ -176,7 +187,7 @@ void ProductTableModel::Reset() {
 ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* parent)
     : QWidget(parent),
       model_(new ProductTableModel(std::move(view), this)),
-      table_(new QTableView(this)),
+      table_(new ProductTableView(this)),
       add_(new QPushButton(tr("Add line"), this)),
       remove_(new QPushButton(tr("Remove line"), this)),
       total_(new QLabel(this)),
@@ -186,16 +197,29 @@ ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* paren
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
                           QAbstractItemView::AnyKeyPressed);
-  table_->setTabKeyNavigation(false);
+  // Tab goes from cell to cell (the value skipped) and leaves the table after the last.
+  table_->setTabKeyNavigation(true);
+  table_->setItemDelegate(new DeliveryDateDelegate(table_));
+  // Seven columns: what does not fit scrolls sideways.
+  table_->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 8);
   QHeaderView* header = table_->horizontalHeader();
   header->setStretchLastSection(true);
-  header->resizeSection(0, kProductWidth);
-  header->resizeSection(1, kNumberWidth);
-  header->resizeSection(2, kMoneyWidth);
-  header->resizeSection(3, kMoneyWidth);
-  header->resizeSection(4, kDateWidth);
+  // Each column as wide as its title and a typical entry, in the user's font.
+  const QFontMetrics metrics = table_->fontMetrics();
+  const QString typical[] = {"Fleet telematics unit",
+                             "1,000",
+                             "100,000.00",
+                             "Discount %",
+                             "1,000,000.00",
+                             QDate(2026, 12, 31).toString(model_->DateFormat())};
+  for (int section = 0; section < static_cast<int>(std::size(typical)); ++section) {
+    const QString title = model_->headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    header->resizeSection(section, std::max(metrics.horizontalAdvance(typical[section]),
+                                            metrics.horizontalAdvance(title)) +
+                                       metrics.averageCharWidth() * 3);
+  }
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QHeaderView::customContextMenuRequested, this,
           [this, header](const QPoint& pos) {
@@ -303,6 +327,10 @@ void ProductTable::RemoveCurrentLine() {
   const QModelIndex current = table_->currentIndex();
   if (!current.isValid()) return;
   model_->RemoveLine(current.row());
+}
+
+QTableView* ProductTable::Table() const {
+  return table_;
 }
 
 }  // namespace pelkor::desktop

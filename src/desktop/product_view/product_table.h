@@ -12,19 +12,26 @@ class QPushButton;
 class QTableView;
 
 namespace pelkor::desktop {
+class ProductTableView;
+}
 
-// The product list as a table: each line a row the user edits in place. The first four columns
-// are fixed (product, quantity, unit price, value); the last two show what the user picks by
-// right-clicking them (delivery date, note or discount).
+namespace pelkor::desktop {
+
+// The product list as a table: each line a row the user edits in place. The first five columns
+// are fixed (product, quantity, unit price, discount, value); the last two show what the user
+// picks by right-clicking them (delivery date or note, in either order). Delivery dates are
+// shown and typed in the user's short-date format, with a calendar.
 class ProductTableModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
   using Column = ProductListView::Column;
-  static constexpr int kFixedColumns = 4;
+  static constexpr int kFixedColumns = 5;
   static constexpr int kChosenColumns = 2;
 
   explicit ProductTableModel(std::shared_ptr<ProductListView> view, QObject* parent = nullptr);
+  // How a delivery date is shown: the user's short-date format.
+  static QString DateFormat();
   ~ProductTableModel() override;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -66,7 +73,7 @@ class ProductTable : public QWidget {
 
  public:
   explicit ProductTable(std::shared_ptr<ProductListView> view, QWidget* parent = nullptr);
-  QTableView* Table() const { return table_; }
+  QTableView* Table() const;
   ProductTableModel* Model() const { return model_; }
   // The column menu the user gets by right-clicking a chosen column, at a global position.
   void ShowColumnMenu(int section, const QPoint& globalPos);
@@ -79,7 +86,7 @@ class ProductTable : public QWidget {
   void AddLine();
   void RemoveCurrentLine();
   ProductTableModel* model_;
-  QTableView* table_;
+  ProductTableView* table_;
   QPushButton* add_;
   QPushButton* remove_;
   QLabel* total_;

@@ -43,7 +43,8 @@ TEST(ProductListView, RefusedEntriesSayWhyAndChangeNothing) {
   ProductListView view;
   view.SetProducts(kStored);
   EXPECT_THAT(view.Enter(0, Column::kQuantity, "two"),
-              HasSubstr("quantity \"two\" is not a number"));
+              HasSubstr("line 1: quantity \"two\" is not a number"));
+  EXPECT_THAT(view.Enter(1, Column::kQuantity, "-3"), HasSubstr("line 2: the quantity cannot be"));
   EXPECT_THAT(view.Enter(0, Column::kDiscount, "150"), HasSubstr("0 to 100"));
   EXPECT_THAT(view.Enter(0, Column::kDelivery, "next week"), HasSubstr("YYYY-MM-DD"));
   EXPECT_THAT(view.Enter(0, Column::kValue, "1"), HasSubstr("quantity times unit price"));
@@ -54,6 +55,10 @@ TEST(ProductListView, RefusedEntriesSayWhyAndChangeNothing) {
   // Entering what a cell already holds is no change either.
   EXPECT_EQ(view.Enter(0, Column::kProduct, "CutMaster 85"), "");
   EXPECT_FALSE(view.ProductsChanged());
+  // Hours are fractional, and a trade-in is a credit: both are lines a list can hold.
+  EXPECT_EQ(view.Enter(0, Column::kQuantity, "2.5"), "");
+  EXPECT_EQ(view.Enter(1, Column::kUnitPrice, "-145.50"), "");
+  EXPECT_EQ(view.TotalValue().ToString(), "20920");
 }
 
 TEST(ProductListView, CellsShowAndReadTheUsersNumberMarks) {
