@@ -16,6 +16,7 @@
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
 #include "app/screenshots.h"
+#include "app/window_placement.h"
 #include "data/demo_seed.h"
 
 namespace {
@@ -126,6 +127,7 @@ int Run(const Options& options) {
     return EXIT_SUCCESS;
   }
   const std::optional<std::int32_t> ibo = options.ibo ? options.ibo : FirstIbo(environment);
+  pelkor::desktop::RestorePlacement(window);
   window.show();
   if (options.measureStart) new pelkor::desktop::QuitAfterFirstPaint(window);
   // An IBO that cannot be shown has been reported; the user picks another.
@@ -136,7 +138,9 @@ int Run(const Options& options) {
                          "until the rule file is repaired.\n\n" +
                              QString::fromStdString(environment.AdvisorProblem()));
   }
-  return QApplication::exec();
+  const int result = QApplication::exec();
+  pelkor::desktop::SavePlacement(window);
+  return result;
 }
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include <QtTest>
 #include <cstring>
 
+#include "binding/picture_view.h"
 #include "help_viewer/help_channel.h"
 #include "host_fixture.h"
 
@@ -129,6 +130,38 @@ class HelpViewerTest : public QObject {
     ConnectAs(kNobody, path);
     QVERIFY(server.waitForNewConnection(1000));
     QVERIFY(!pelkor::help::PeerIsThisUser(*server.nextPendingConnection()));
+  }
+
+  // Where no question has the focus, F1 opens the nearest topic: the product list, the note,
+  // the comparison after a refused save; every topic the host opens is in the help file.
+  void f1AnywhereOpensTheNearestTopic() {
+    Host host;
+    std::vector<std::string> started;
+    host.environment->Platform().SetProcessHook(
+        [&started](const std::string& line) { started.push_back(line); });
+    QVERIFY(host.Open(kExpertIbo));
+    const auto pressF1On = [&](QWidget* widget) -> std::string {
+      widget->setFocus();
+      if (!QTest::qWaitFor([widget] { return widget->hasFocus(); })) return "no focus";
+      QTest::keyClick(widget, Qt::Key_F1);
+      return started.empty() ? std::string() : started.back();
+    };
+    QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                      QPoint(305, 10));
+    QVERIFY(pressF1On(host.Qt<QWidget>("ProductView1")).find("-#mapid 61 ") != std::string::npos);
+    QVERIFY(pressF1On(host.Qt<QWidget>("txtConPhone")).find("-#mapid 60 ") != std::string::npos);
+    QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                      QPoint(376, 10));
+    QVERIFY(pressF1On(host.Qt<QWidget>("txtIboNote")).find("-#mapid 62 ") != std::string::npos);
+    QVERIFY(pressF1On(host.Qt<QWidget>("cmdSave")).find("-#mapid 63 ") != std::string::npos);
+
+    QFile file(PELK_HELP_FILE);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString help = QString::fromUtf8(file.readAll());
+    for (const int topic : {60, 61, 62, 63, 64, 65}) {
+      QVERIFY2(help.contains(QString("id=\"mapid-%1\"").arg(topic)),
+               qPrintable(QString::number(topic)));
+    }
   }
 
   void f1OnAQuestionOpensTheTopicOfItsLabel() {

@@ -1,4 +1,6 @@
 #include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -14,6 +16,7 @@
 #include "app/host_window.h"
 #include "app/open_ibo_dialog.h"
 #include "app/stored_version_dialog.h"
+#include "app/window_placement.h"
 #include "binding/date_widgets.h"
 #include "binding/picture_view.h"
 #include "data/demo_seed.h"
@@ -235,6 +238,50 @@ class HostWindowTest : public QObject {
     QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihLow);
     QCOMPARE(host.Stored(kExpertIbo)->Get("ContactCompany").AsString(),
              std::string("Harbor Freight West"));
+  }
+
+  // A database the user may only read says so as soon as it is opened; a save is refused with
+  // the reason and the edits stay on screen.
+  void aReadOnlyDatabaseSaysSoWhenOpenedAndKeepsTheEdits() {
+    Host host;
+    QVERIFY(QFile::setPermissions(QString::fromStdString(host.dbPath), QFileDevice::ReadOwner));
+    QVERIFY(host.Open(kExpertIbo));
+    QVERIFY(host.window->windowTitle().contains("(read-only)"));
+    QVERIFY(host.Qt<QLabel>("lblHostTable")->text().contains("Read-only database"));
+    ClickOption(host.Qt<QRadioButton>("optWihLow"));
+    QTest::mouseClick(host.Qt<QPushButton>("cmdSave"), Qt::LeftButton);
+    QVERIFY(host.window->isVisible());
+    QVERIFY(!host.messages.empty());
+    QVERIFY(host.messages.back().text.find("read-only") != std::string::npos);
+    QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
+    QVERIFY(host.window->Component()->IboChanged());
+  }
+
+  // The window comes back where, and as large as, it was left; the contact's fields grow with
+  // it, in both columns.
+  void theWindowKeepsItsPlaceAndTheContactFieldsGrow() {
+    QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(config.path()));
+    {
+      Host host;
+      QVERIFY(host.Open(kExpertIbo));
+      QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                        QPoint(305, 10));
+      auto* email = host.Qt<QLineEdit>("txtConEmail");
+      auto* address = host.Qt<QLineEdit>("txtConAddress");
+      const int emailWidth = email->width();
+      const int addressWidth = address->width();
+      host.window->resize(host.window->size() + QSize(300, 120));
+      QTRY_VERIFY(email->width() > emailWidth);
+      QVERIFY(address->width() > addressWidth);
+      QVERIFY(address->geometry().right() < host.Qt<QLabel>("lblConEmail")->geometry().left());
+      QVERIFY(email->geometry().right() <= email->parentWidget()->width());
+      pelkor::desktop::SavePlacement(*host.window);
+    }
+    Host again;
+    pelkor::desktop::RestorePlacement(*again.window);
+    QVERIFY(again.window->width() >= 900);
+    qunsetenv("XDG_CONFIG_HOME");
   }
 
   void closeBoxWithNoDiscardsTheEdits() {

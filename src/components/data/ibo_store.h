@@ -69,6 +69,9 @@ class IIboStore {
 
   // What the store is called in messages: its file, or its server.
   virtual std::string Location() const = 0;
+  // Whether this program may only read the database (a write-protected file, a role without
+  // the right to change the IBOs): every write is then refused.
+  virtual bool ReadOnly() const = 0;
   // Inserts or replaces the row whose id the record carries (tools and set-up).
   virtual void Write(IboTable table, const pelkedit::Blob& data) = 0;
   // The stored record and the version of its row, read together; every write of a row gives it

@@ -55,12 +55,16 @@ std::unique_ptr<pqxx::connection> Connect(const std::string& uri) {
 class PostgresIboStore final : public IIboStore {
  public:
   PostgresIboStore(std::string uri, std::string location,
-                   std::unique_ptr<pqxx::connection> connection)
-      : uri_(std::move(uri)), location_(std::move(location)), connection_(std::move(connection)) {
+                   std::unique_ptr<pqxx::connection> connection, bool readOnly)
+      : uri_(std::move(uri)),
+        location_(std::move(location)),
+        connection_(std::move(connection)),
+        readOnly_(readOnly) {
     Prepare();
   }
 
   std::string Location() const override { return location_; }
+  bool ReadOnly() const override { return readOnly_; }
   void Write(IboTable table, const Blob& data) override;
   std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
   std::int64_t Update(IboTable table, std::int32_t id, const Blob& data,
@@ -92,6 +96,7 @@ class PostgresIboStore final : public IIboStore {
   std::string location_;
   std::unique_ptr<pqxx::connection> connection_;
   std::mutex mutex_;  // a connection serves one statement at a time
+  bool readOnly_;
 };
 
 void PostgresIboStore::Prepare() {
@@ -253,7 +258,17 @@ std::shared_ptr<IIboStore> OpenPostgresStore(const std::string& uri, StoreOpenin
   auto connection =
       WithServerErrors("Cannot open the IBO database " + location, [&] { return Connect(uri); });
   PrepareServerDatabase(*connection, location, opening);
-  return std::make_shared<PostgresIboStore>(uri, location, std::move(connection));
+  // A role that may read but not change the IBOs, or a server (a standby) that takes no
+  // writes: the editor says so when the database is opened, not at the first save.
+  const bool readOnly = WithServerErrors("Cannot open the IBO database " + location, [&] {
+    pqxx::read_transaction work(*connection);
+    return work
+        .exec1(std::string("SELECT NOT pg_catalog.has_table_privilege('") +
+               TableSqlName(IboTable::kMain) +
+               "', 'UPDATE') OR current_setting('transaction_read_only') = 'on'")[0]
+        .as<bool>();
+  });
+  return std::make_shared<PostgresIboStore>(uri, location, std::move(connection), readOnly);
 }
 
 }  // namespace pelkor::data_detail

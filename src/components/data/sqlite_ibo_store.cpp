@@ -1,3 +1,6 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <filesystem>
 #include <mutex>
 
@@ -33,10 +36,11 @@ namespace {
 // transaction.
 class SqliteIboStore final : public IIboStore {
  public:
-  SqliteIboStore(std::string path, std::unique_ptr<SQLite::Database> db)
-      : path_(std::move(path)), db_(std::move(db)) {}
+  SqliteIboStore(std::string path, std::unique_ptr<SQLite::Database> db, bool readOnly)
+      : path_(std::move(path)), db_(std::move(db)), readOnly_(readOnly) {}
 
   std::string Location() const override { return DescribeLocation(path_); }
+  bool ReadOnly() const override { return readOnly_; }
   void Write(IboTable table, const Blob& data) override;
   std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
   std::int64_t Update(IboTable table, std::int32_t id, const Blob& data,
@@ -52,12 +56,22 @@ class SqliteIboStore final : public IIboStore {
 
   std::string path_;
   std::unique_ptr<SQLite::Database> db_;
+  bool readOnly_;
   std::mutex mutex_;
 };
 
 }  // namespace
 
 namespace data_detail {
+namespace {
+
+bool WritableFile(const std::string& path) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) return true;  // to be created
+  return (info.st_mode & S_IWUSR) != 0 && ::access(path.c_str(), W_OK) == 0;
+}
+
+}  // namespace
 
 std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening opening) {
   if (opening == StoreOpening::kExistingOnly && path != kMemoryPath &&
@@ -72,12 +86,14 @@ std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening
     std::error_code ignored;
     CreatePrivateFile(path, ignored);
   }
-  auto db = WithSqlErrors(refusal, [&] {
-    return std::make_unique<SQLite::Database>(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE,
-                                              kBusyTimeoutMs);
-  });
-  PrepareDatabase(*db, path, opening);
-  return std::make_shared<SqliteIboStore>(path, std::move(db));
+  // A file the user may not write (or whose mode says nobody may, which holds for root too) is
+  // opened for reading: it can be looked at, and every save says why it is refused.
+  const bool readOnly = path != kMemoryPath && !WritableFile(path);
+  const int flags = readOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
+  auto db = WithSqlErrors(
+      refusal, [&] { return std::make_unique<SQLite::Database>(path, flags, kBusyTimeoutMs); });
+  PrepareDatabase(*db, path, opening, readOnly);
+  return std::make_shared<SqliteIboStore>(path, std::move(db), readOnly);
 }
 
 }  // namespace data_detail

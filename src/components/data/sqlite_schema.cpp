@@ -130,18 +130,19 @@ void CreateSchema(SQLite::Database& db) {
 
 }  // namespace
 
-void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening) {
+void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening,
+                     bool readOnly) {
   const std::string refusal = "Cannot open the IBO database " + data_detail::DescribeLocation(path);
   WithSqlErrors(refusal, [&] {
     CheckIntegrity(db, refusal);
     const bool empty = CheckOwnership(db, refusal);
     // Listing or importing never writes a schema into a file that was not a database yet.
-    if (empty && opening == StoreOpening::kExistingOnly && path != kMemoryPath) {
+    if (empty && (opening == StoreOpening::kExistingOnly || readOnly) && path != kMemoryPath) {
       RaiseDataError(refusal +
                      ": it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into "
                      "it (pelkor-db copy).");
     }
-    if (path != kMemoryPath) {
+    if (path != kMemoryPath && !readOnly) {
       db.exec("PRAGMA journal_mode = WAL");
     }
     if (!empty) Migrate(db, PragmaInt(db, "user_version"));

@@ -16,7 +16,9 @@ inline constexpr int kBusyTimeoutMs = 5000;
 // Makes a freshly opened connection ready for use: refuses a file that is not an IBO
 // database of this schema (error 5 naming `path`), switches a file to write-ahead logging and
 // creates the schema in an empty database, unless only an existing database may be opened: an
-// empty one is then refused as holding no IBOs. Leaves a refused file untouched.
-void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening);
+// empty one is then refused as holding no IBOs. A database opened read-only is checked, never
+// changed. Leaves a refused file untouched.
+void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening,
+                     bool readOnly);
 
 }  // namespace pelkor::data_detail

@@ -71,6 +71,14 @@ EditorEnvironment::EditorEnvironment(const EnvironmentOptions& options)
   pelkedit::Main(platform_);
 }
 
+bool EditorEnvironment::DatabaseReadOnly() const {
+  try {
+    return dbSource_()->ReadOnly();
+  } catch (const pelkedit::PelkError&) {
+    return false;
+  }
+}
+
 EditorEnvironment::~EditorEnvironment() {
   pelkedit::UnloadLibrary();
   pelkedit::Err().Clear();

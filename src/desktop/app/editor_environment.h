@@ -39,6 +39,8 @@ class EditorEnvironment {
   };
   int WritesDone() const { return counts_->writes; }
   int SavesRefused() const { return counts_->savesRefused; }
+  // Whether the database may only be read (false while it cannot be opened at all).
+  bool DatabaseReadOnly() const;
   // Why the advisor's rule file could not be used ("" while it can); the editor then runs with
   // an engine that gives no advice rather than not at all.
   const std::string& AdvisorProblem() const { return advisorProblem_; }

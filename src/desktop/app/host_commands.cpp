@@ -2,6 +2,8 @@
 // with the stored version after a refused save.
 #include "app/host_window.h"
 
+#include "app/host_help.h"
+
 #include "app/open_ibo_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "record/ibo_properties.h"
@@ -54,6 +56,7 @@ void HostWindow::CompareWithStored() {
   });
   if (!compared) return;
   StoredVersionDialog dialog(iboId_, std::move(differences), this);
+  InstallHelpKey(dialog, environment_.Platform(), help_topic::kComparison);
   // The user chose to discard the changes: the component is replaced without asking again.
   if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
 }

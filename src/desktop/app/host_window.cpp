@@ -88,6 +88,17 @@ BinderOptions FormOptions(QtPlatform& platform) {
   options.stretch["txtTrialCloseHistory"] = kGrowWidth | kGrowHeight;
   // IBO Info: the contact keeps its rows, the product list takes the room.
   options.stretch["fraContactInfo"] = kGrowWidth;
+  // Names, addresses and e-mails are long: both columns of the contact take half the room.
+  for (const char* left : {"txtConFirstName", "txtConCompany", "txtConAddress"}) {
+    options.stretch[left] = kGrowHalfWidth;
+  }
+  for (const char* label : {"lblConLastName", "lblConPhone", "lblConEmail"}) {
+    options.stretch[label] = kFollowHalfRight;
+  }
+  for (const char* right : {"txtConLastName", "txtConPhone", "txtConEmail"}) {
+    options.stretch[right] = kFollowHalfRight | kGrowHalfWidth;
+  }
+  options.stretch["cmdContactLookup"] = kFollowRight;
   options.stretch["fraProductInfo"] = kGrowWidth | kGrowHeight;
   options.stretch[pelkedit::widget::ProductView1] = kGrowWidth | kGrowHeight;
   return options;
@@ -226,7 +237,12 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   component_ = std::move(component);
   iboId_ = iboId;
   view_ = view;
-  tableLabel_->setText(view == pelkedit::view::kArchive ? tr("Archived IBO") : QString());
+  readOnly_ = environment_.DatabaseReadOnly();
+  QStringList where;
+  if (view == pelkedit::view::kArchive) where << tr("Archived IBO");
+  // Said when it is opened, not at the first refused save: edits can be looked at, not kept.
+  if (readOnly_) where << tr("Read-only database: changes cannot be saved");
+  tableLabel_->setText(where.join("  "));
   UpdateActions();
   UpdateTitle();
   return true;
@@ -282,6 +298,7 @@ void HostWindow::UpdateTitle() {
     });
     if (!company.isEmpty()) title += QString::fromUtf8(" \u2014 ") + company;
   }
+  if (readOnly_) title += tr(" (read-only)");
   setWindowTitle((title.isEmpty() ? QString(kAppTitle) : title) + "[*]");
   setWindowModified(component_ && component_->IboChanged());
 }
@@ -381,6 +398,10 @@ void HostWindow::SetExpertMode(bool expert) {
   expert_ = expert;
   modeLabel_->setText(expert ? tr("Expert mode") : tr("Basic mode"));
   UpdateActions();
+}
+
+QtPlatform& HostWindow::Platform() {
+  return environment_.Platform();
 }
 
 QString HostWindow::StatusText() const {

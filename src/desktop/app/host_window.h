@@ -34,6 +34,7 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   pelkedit::PelkIboEdit* Component() { return component_.get(); }
   Binder* Binding() { return binder_; }
   QWidget* Form() { return form_; }
+  QtPlatform& Platform();
   QString StatusText() const;
   QString ModeText() const;
   // Moves the keyboard focus to the first Tab stop of the page shown, when the focus is on a
@@ -88,6 +89,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   bool expert_ = false;
   // The IBO shown and where it was read from.
   std::int32_t iboId_ = 0;
+  // The database may only be read: the title and the status bar say so.
+  bool readOnly_ = false;
   std::int32_t view_ = 0;
   // Refused saves already pointed out.
   int savesRefusedSeen_ = 0;

@@ -1,5 +1,9 @@
 #include "app/window_keys.h"
 
+#include <QApplication>
+
+#include "app/host_help.h"
+
 #include <QPushButton>
 #include <QShortcut>
 
@@ -57,8 +61,10 @@ void StepPhase(HostWindow& window, int step) {
 }
 
 void InstallWindowKeys(HostWindow& window) {
+  // F1 opens the topic of the question in focus, or else the nearest one.
   Bind(window, QKeySequence(Qt::Key_F1), [&window] {
-    if (window.Binding() != nullptr) window.Binding()->HelpForFocus();
+    if (window.Binding() != nullptr && window.Binding()->HelpForFocus()) return;
+    ShowHelpTopic(window.Platform(), NearestHelpTopic(window, QApplication::focusWidget()));
   });
   HostWindow* w = &window;
   for (const auto& keys :

@@ -25,6 +25,10 @@ inline constexpr int kFollowRight = 1;   // moves with the right edge
 inline constexpr int kFollowBottom = 2;  // moves with the bottom edge
 inline constexpr int kGrowWidth = 4;     // takes the extra width
 inline constexpr int kGrowHeight = 8;    // takes the extra height
+// Two columns side by side share the extra width: the left grows by half, the right moves by
+// half and grows by half.
+inline constexpr int kGrowHalfWidth = 16;
+inline constexpr int kFollowHalfRight = 32;
 }  // namespace stretch
 
 struct BinderOptions {

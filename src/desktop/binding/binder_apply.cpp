@@ -131,6 +131,8 @@ void Binder::ApplyGeometry(Binding& binding) {
   if (how & stretch::kFollowBottom) rect.translate(0, extra_.height());
   if (how & stretch::kGrowWidth) rect.setWidth(rect.width() + extra_.width());
   if (how & stretch::kGrowHeight) rect.setHeight(rect.height() + extra_.height());
+  if (how & stretch::kFollowHalfRight) rect.translate(extra_.width() / 2, 0);
+  if (how & stretch::kGrowHalfWidth) rect.setWidth(rect.width() + extra_.width() / 2);
   binding.placed->setGeometry(rect);
 }
 

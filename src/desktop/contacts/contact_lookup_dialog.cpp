@@ -46,11 +46,17 @@ std::optional<Contact> AskForContact(QWidget* parent, const QString& start) {
     fields[i] = new QLineEdit(&form);
     layout->addRow(QObject::tr(captions[i]), fields[i]);
   }
-  // What was searched for is most likely the name.
-  const QStringList words = start.split(' ', Qt::SkipEmptyParts);
-  if (words.size() >= 2) {
-    fields[0]->setText(words.front());
-    fields[1]->setText(words.mid(1).join(' '));
+  // What was searched for is most likely the name: "Parker, Helen" or "Helen Parker"; a single
+  // word is taken as the last name, as people are most often looked up by it.
+  const QString searched = start.simplified();
+  const int comma = searched.indexOf(',');
+  const QStringList words = searched.split(' ', Qt::SkipEmptyParts);
+  if (comma >= 0) {
+    fields[1]->setText(searched.left(comma).trimmed());
+    fields[0]->setText(searched.mid(comma + 1).trimmed());
+  } else if (words.size() >= 2) {
+    fields[0]->setText(words.mid(0, words.size() - 1).join(' '));
+    fields[1]->setText(words.back());
   } else if (words.size() == 1) {
     fields[1]->setText(words.front());
   }
