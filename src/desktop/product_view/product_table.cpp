@@ -208,7 +208,7 @@ ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* paren
   header->setStretchLastSection(true);
   // Each column as wide as its title and a typical entry, in the user's font.
   const QFontMetrics metrics = table_->fontMetrics();
-  const QString typical[] = {"Fleet telematics unit",
+  const QString typical[] = {"Dispatch integration service",
                              "1,000",
                              "100,000.00",
                              "Discount %",
