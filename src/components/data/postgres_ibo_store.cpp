@@ -85,6 +85,7 @@ class PostgresIboStore final : public IIboStore {
       try {
         return body();
       } catch (const pqxx::broken_connection&) {
+        connection_->disconnect();
         connection_ = Connect(uri_);
         Prepare();
         return body();
