@@ -1,6 +1,7 @@
 // The contact picker: the search ignores letter case and accents over thousands of contacts and
 // sorts by name the same way; typing part of a name and pressing Enter on the IBO Info tab fills
 // the contact; the decision makers' look-ups fill their names.
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStandardItemModel>
@@ -10,6 +11,7 @@
 #include "binding/picture_view.h"
 #include "contacts/contact_filter.h"
 #include "contacts/contact_lookup_dialog.h"
+#include "data/ibo_store.h"
 #include "host_fixture.h"
 
 using namespace host_fixture;
@@ -85,6 +87,33 @@ class ContactLookupTest : public QObject {
     PickInNextDialog("zoe brann");
     QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picUserLookup"), Qt::LeftButton);
     QCOMPARE(host.Rec().Get("DmUserName").AsString(), std::string("Zoë Brännström"));
+  }
+
+  // New Contact starts from what was searched for, split into first and last name the way
+  // people write names: "Last, First", or the last word as the last name.
+  void aNewContactTakesItsNameFromTheSearch() {
+    ContactLookupDialog dialog(pelkor::OpenIboStore(":memory:"));
+    QPushButton* add = nullptr;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+      if (button->text() == "&New Contact...") add = button;
+    }
+    QVERIFY(add != nullptr);
+    const auto namesOffered = [&](const QString& searched) {
+      dialog.Search()->setText(searched);
+      QStringList names;
+      QTimer::singleShot(0, [&names] {
+        auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (form == nullptr) return;
+        const auto fields = form->findChildren<QLineEdit*>();
+        names << fields.at(0)->text() << fields.at(1)->text();
+        form->reject();
+      });
+      add->click();
+      return names;
+    };
+    QCOMPARE(namesOffered("Parker, Helen"), (QStringList{"Helen", "Parker"}));
+    QCOMPARE(namesOffered("Mary Ann Smith"), (QStringList{"Mary Ann", "Smith"}));
+    QCOMPARE(namesOffered("  Okafor "), (QStringList{"", "Okafor"}));
   }
 
   // From the keyboard: F4 (or Alt+Down) in a name opens its look-up, and Tab reaches the "..."
