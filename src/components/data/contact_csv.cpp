@@ -91,12 +91,10 @@ void ParseRows(std::string_view text, const std::function<void(Row&)>& onRow) {
   csv_parser& parser = guard.state;
   if (csv_init(&parser, CSV_APPEND_NULL) != 0) data_detail::RaiseDataError("Cannot read CSV.");
   Reader reader{onRow, {}, 1};
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size() - 1);
-    csv_parse(&parser, text.data() + start, end - start + 1, EndField, EndRow, &reader);
-    if (text[end] == '\n') ++reader.line;
-    start = end + 1;
-  }
+  ForEachLine(text, [&](int number, std::string_view line) {
+    reader.line = number;
+    csv_parse(&parser, line.data(), line.size(), EndField, EndRow, &reader);
+  });
   csv_fini(&parser, EndField, EndRow, &reader);
 }
 

@@ -211,13 +211,9 @@ ContactImport ReadVCards(std::string_view text) {
   // the logical line before it, which is handed on when the next one starts.
   std::optional<Property> pending;
   bool softBreak = false;
-  int number = 0;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = std::min(text.find('\n', start), text.size());
-    std::string_view line = text.substr(start, end - start);
-    start = end + 1;
-    ++number;
-    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+  ForEachLine(text, [&](int number, std::string_view line) {
+    if (line.ends_with('\n')) line.remove_suffix(1);
+    if (line.ends_with('\r')) line.remove_suffix(1);
     const bool folded = !line.empty() && (line[0] == ' ' || line[0] == '\t');
     if ((folded || softBreak) && pending) {
       pending->value += folded ? line.substr(1) : line;
@@ -228,9 +224,19 @@ ContactImport ReadVCards(std::string_view text) {
     softBreak = pending && pending->quotedPrintable && !pending->value.empty() &&
                 pending->value.back() == '=';
     if (softBreak) pending->value.pop_back();
-  }
+  });
   if (pending) reader.Take(*pending);
   return reader.End();
+}
+
+ContactImport ReadContactFile(const std::string& path) {
+  const std::string content = ReadContactText(path);
+  const std::string_view body = WithoutMark(content);
+  const auto first = body.find_first_not_of(" \t\r\n");
+  constexpr std::string_view kBegin = "BEGIN:VCARD";
+  const bool vCard =
+      first != std::string_view::npos && Upper(body.substr(first, kBegin.size())) == kBegin;
+  return vCard ? ReadVCards(content) : ReadCsvContacts(content);
 }
 
 }  // namespace pelkor

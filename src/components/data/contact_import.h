@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,8 +48,13 @@ ContactImport ReadCsvContacts(std::string_view text);
 // read.
 ContactImport ReadContactFile(const std::string& path);
 
+// The text of a contacts file as UTF-8: UTF-16 with a byte order mark is converted, anything
+// else is returned as it is. Error 5 when the file cannot be read.
+std::string ReadContactText(const std::string& path);
 // The text without a leading UTF-8 byte order mark.
 std::string_view WithoutMark(std::string_view text);
+// Calls `take` with each line of `text` and its number (from 1); a line keeps its '\n'.
+void ForEachLine(std::string_view text, const std::function<void(int, std::string_view)>& take);
 // Error 5 naming the first line of `text` that is not UTF-8 or that holds a NUL character.
 void RequireContactText(std::string_view text);
 // The text without blanks and line breaks at its ends.

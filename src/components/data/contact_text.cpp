@@ -2,7 +2,6 @@
 // skipped.
 #include <algorithm>
 #include <fstream>
-#include <sstream>
 
 #include "data/contact_import.h"
 #include "data/data_error.h"
@@ -87,15 +86,20 @@ std::string_view WithoutMark(std::string_view text) {
   return text;
 }
 
-void RequireContactText(std::string_view text) {
-  int line = 1;
-  for (std::size_t start = 0; start < text.size(); ++line) {
-    const std::size_t end = std::min(text.find('\n', start), text.size());
-    const std::string_view content = text.substr(start, end - start);
-    if (content.find('\0') != std::string_view::npos) RaiseNotText(line, "holds a NUL character");
-    if (!detail::IsValidUtf8(content)) RaiseNotText(line, "is not UTF-8 text");
+void ForEachLine(std::string_view text, const std::function<void(int, std::string_view)>& take) {
+  int number = 0;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find('\n', start), text.size() - 1);
+    take(++number, text.substr(start, end - start + 1));
     start = end + 1;
   }
+}
+
+void RequireContactText(std::string_view text) {
+  ForEachLine(text, [](int number, std::string_view line) {
+    if (line.find('\0') != std::string_view::npos) RaiseNotText(number, "holds a NUL character");
+    if (!detail::IsValidUtf8(line)) RaiseNotText(number, "is not UTF-8 text");
+  });
 }
 
 void ContactImport::Skip(int line, const std::string& why, const std::string& kind) {
@@ -122,22 +126,15 @@ std::size_t ContactImport::SkippedCount() const {
   return count;
 }
 
-ContactImport ReadContactFile(const std::string& path) {
+std::string ReadContactText(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   if (!in) data_detail::RaiseDataError("Cannot read the contacts file '" + path + "'.");
   std::string content{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
   if (content.starts_with(kUtf16LittleMark) || content.starts_with(kUtf16BigMark)) {
     const bool bigEndian = content.starts_with(kUtf16BigMark);
-    content = FromUtf16(std::string_view(content).substr(kUtf16Unit), bigEndian);
+    return FromUtf16(std::string_view(content).substr(kUtf16Unit), bigEndian);
   }
-  const std::string_view body = WithoutMark(content);
-  const auto first = body.find_first_not_of(" \t\r\n");
-  constexpr std::string_view kBegin = "BEGIN:VCARD";
-  std::string head(
-      body.substr(first == std::string_view::npos ? body.size() : first, kBegin.size()));
-  std::transform(head.begin(), head.end(), head.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-  return head == kBegin ? ReadVCards(content) : ReadCsvContacts(content);
+  return content;
 }
 
 }  // namespace pelkor

@@ -66,6 +66,12 @@ void RaiseActionError(const std::string& action, const std::string& reason) {
   RaiseDataError(action + ": " + reason + ".");
 }
 
+void RaiseEmptyDatabase(const std::string& refusal) {
+  RaiseActionError(refusal,
+                   "it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into it "
+                   "(pelkor-db copy)");
+}
+
 }  // namespace pelkor::data_detail
 
 namespace pelkor {

@@ -20,4 +20,8 @@ std::string DescribeLocation(const std::string& name);
 // Error 5 for `action` ("Cannot read IBO 7 from ...") and why, in words a user can act on.
 [[noreturn]] void RaiseActionError(const std::string& action, const std::string& reason);
 
+// Error 5 refusing to open (`refusal`) a database that holds no IBOs yet where only an existing
+// one may be opened: nothing is created in it, on either backend.
+[[noreturn]] void RaiseEmptyDatabase(const std::string& refusal);
+
 }  // namespace pelkor::data_detail

@@ -39,8 +39,6 @@ pqxx::binarystring BytesOf(const IboRow& row) {
   return pqxx::binarystring(row.data->data(), row.data->size());
 }
 
-// One database on a PostgreSQL server, over one connection. Every write is one transaction;
-// statements are prepared once per connection.
 // A connection to `uri`; libpq's complaints about the address come back without its secrets.
 std::unique_ptr<pqxx::connection> Connect(const std::string& uri) {
   try {
@@ -52,6 +50,8 @@ std::unique_ptr<pqxx::connection> Connect(const std::string& uri) {
   }
 }
 
+// One database on a PostgreSQL server, over one connection. Every write is one transaction;
+// statements are prepared once per connection.
 class PostgresIboStore final : public IIboStore {
  public:
   PostgresIboStore(std::string uri, std::string location,

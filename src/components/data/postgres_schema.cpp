@@ -82,11 +82,7 @@ int VersionOf(pqxx::work& work, const std::string& refusal, StoreOpening opening
                    ": it is a database of another application. Open an IBO database, or name an "
                    "empty database to hold the IBOs.");
   }
-  if (opening == StoreOpening::kExistingOnly) {
-    RaiseDataError(refusal +
-                   ": it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into it "
-                   "(pelkor-db copy).");
-  }
+  if (opening == StoreOpening::kExistingOnly) RaiseEmptyDatabase(refusal);
   work.exec(std::string("CREATE TABLE ") + kSchemaTable + " (version integer NOT NULL)");
   work.exec(std::string("INSERT INTO ") + kSchemaTable + " VALUES (0)");
   return 0;

@@ -138,9 +138,7 @@ void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening
     const bool empty = CheckOwnership(db, refusal);
     // Listing or importing never writes a schema into a file that was not a database yet.
     if (empty && (opening == StoreOpening::kExistingOnly || readOnly) && path != kMemoryPath) {
-      RaiseDataError(refusal +
-                     ": it holds no IBOs yet. Seed it (pelkor-db seed) or copy a database into "
-                     "it (pelkor-db copy).");
+      RaiseEmptyDatabase(refusal);
     }
     if (path != kMemoryPath && !readOnly) {
       db.exec("PRAGMA journal_mode = WAL");

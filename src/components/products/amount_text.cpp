@@ -74,14 +74,14 @@ std::string FormatAmount(Currency value, int minDecimals, const NumberMarks& mar
 }
 
 Currency ParseAmount(const std::string& text, const std::string& what, const NumberMarks& marks) {
+  // "quantity "1,5" is not a number": the cell and what was typed, then why.
+  const auto about = [&](const std::string& why) { return what + " " + Quoted(text) + " " + why; };
   const std::string_view trimmed = Trim(text);
-  const std::string tooLarge = what + " " + Quoted(text) + " is too large";
-  const std::string notANumber = what + " " + Quoted(text) + " is not a number";
   if (const auto exponent = ExponentForm(trimmed)) {
     try {
       return Currency::FromNumber(*exponent);
     } catch (const pelkedit::PelkError&) {
-      Fail(tooLarge);
+      Fail(about("is too large"));
     }
   }
   // The plain decimal form Currency reads: group marks checked and dropped, the decimal mark
@@ -96,38 +96,42 @@ Currency ParseAmount(const std::string& text, const std::string& what, const Num
   bool grouped = false;
   bool decimals = false;
   bool ambiguous = false;
+  // The first group of a grouped number holds one to three digits, the others exactly three;
+  // anything else reads two ways.
+  const auto groupClosed = [&] {
+    const bool fits = grouped ? digitsInGroup == kThousandsGroup
+                              : digitsInGroup >= 1 && digitsInGroup <= kThousandsGroup;
+    ambiguous = ambiguous || !fits;
+  };
   while (!rest.empty()) {
     if (IsDigit(rest.front())) {
       plain += rest.front();
       ++digitsInGroup;
       rest.remove_prefix(1);
     } else if (!decimals && rest.starts_with(marks.decimal)) {
-      ambiguous = ambiguous || (grouped && digitsInGroup != kThousandsGroup);
+      if (grouped) groupClosed();
       plain += '.';
       decimals = true;
       rest.remove_prefix(marks.decimal.size());
     } else if (const std::size_t mark = GroupMarkAt(rest, marks); mark > 0 && !decimals) {
-      // Groups after the first hold exactly three digits; anything else reads two ways.
-      const bool firstGroupOk = !grouped && digitsInGroup >= 1 && digitsInGroup <= kThousandsGroup;
-      const bool laterGroupOk = grouped && digitsInGroup == kThousandsGroup;
-      ambiguous = ambiguous || !(firstGroupOk || laterGroupOk);
+      groupClosed();
       grouped = true;
       digitsInGroup = 0;
       rest.remove_prefix(mark);
     } else {
-      Fail(notANumber);
+      Fail(about("is not a number"));
     }
   }
-  ambiguous = ambiguous || (grouped && !decimals && digitsInGroup != kThousandsGroup);
+  if (grouped && !decimals) groupClosed();
   if (ambiguous) {
-    Fail(what + " " + Quoted(text) + " cannot be read: here " + Quoted(marks.decimal) +
-         " marks the decimals and " + Quoted(marks.group) + " groups thousands");
+    Fail(about("cannot be read: here " + Quoted(marks.decimal) + " marks the decimals and " +
+               Quoted(marks.group) + " groups thousands"));
   }
   try {
     return Currency::Parse(plain);
   } catch (const pelkedit::PelkError& error) {
-    if (error.Number() == pelkedit::errnum::kOverflow) Fail(tooLarge);
-    Fail(notANumber);
+    if (error.Number() == pelkedit::errnum::kOverflow) Fail(about("is too large"));
+    Fail(about("is not a number"));
   }
 }
 

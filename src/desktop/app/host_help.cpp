@@ -3,10 +3,9 @@
 #include <QShortcut>
 
 #include "app/host_window.h"
-#include "config/ini_config.h"
-#include "config/local_file_system.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
+#include "help/context_help.h"
 #include "values/error.h"
 
 namespace pelkor::desktop {
@@ -50,11 +49,8 @@ std::int32_t NearestHelpTopic(HostWindow& window, const QWidget* focus) {
 
 void ShowHelpTopic(QtPlatform& platform, std::int32_t mapId) {
   try {
-    const auto config = CreateConfig();
-    const std::string path = CreateFileSystem()->BuildPath(config->GetValue("InstallPath"),
-                                                           config->GetValue("PLKHelpName"));
-    // The viewer's request as the editor makes it: window, topic, then the file.
-    platform.StartProcess("keyhh.exe -PelkorHelp -#mapid " + std::to_string(mapId) + " " + path);
+    // The request the editor makes for its questions' labels, with its settings and checks.
+    pelkedit::OpenHelpTopic(platform, mapId);
   } catch (const pelkedit::PelkError& error) {
     platform.MsgBox(error.Description(), pelkedit::MsgIcon::kExclamation, pelkedit::MsgButtons::kOk,
                     kTitle);

@@ -28,7 +28,7 @@ inline constexpr std::int32_t kComparison = 65;
 // or else the page (and phase) shown.
 std::int32_t NearestHelpTopic(HostWindow& window, const QWidget* focus);
 
-// Opens a topic in the help viewer, with the help file the settings name; a missing file or
+// Opens a topic in the help viewer as the editor opens its questions' topics; a missing file or
 // setting is told to the user.
 void ShowHelpTopic(QtPlatform& platform, std::int32_t mapId);
 

@@ -106,8 +106,8 @@ BinderOptions FormOptions(QtPlatform& platform) {
 
 // Tab moves through the form in the order the component lays its widgets out; a look-up
 // button comes right after the name it looks up.
-void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder,
-                 const std::map<std::string, std::string>& lookups) {
+void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
+  const std::map<std::string, std::string>& lookups = binder.Options().lookups;
   QWidget* previous = nullptr;
   for (const pelkedit::Widget* model : widgets.All()) {
     if (!model->Focusable()) continue;
@@ -224,7 +224,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   form->installEventFilter(this);
   auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
   binder->setObjectName("binder");
-  SetTabOrder(component->Widgets(), *binder, FormOptions(environment_.Platform()).lookups);
+  SetTabOrder(component->Widgets(), *binder);
   connect(binder, &Binder::userActionHandled, this, &HostWindow::AfterUserAction);
   if (QWidget* advisorSays = binder->WidgetFor(pelkedit::widget::cmdAdvisorSays)) {
     advisorSays->setToolTip(tr("Hold the button (or Space) to see the advisor's view"));

@@ -29,13 +29,9 @@ void PressNext(HostWindow& window, const char* stripName, const pelkedit::TabStr
       strip.bands[static_cast<std::size_t>(((at + step) % count + count) % count)];
   const float centre = static_cast<float>(band.first + band.last) / 2.0F;
   auto& picture = window.Component()->Widgets().Get<pelkedit::PictureBox>(stripName);
-  // As a press on the strip: the field being edited loses the focus, and commits, first.
-  pelkedit::WidgetRegistry& widgets = window.Component()->Widgets();
-  window.Binding()->Run([&] {
-    widgets.MoveFocus(nullptr);
-    picture.UserMouseDown(kLeftButton, 0, centre, 0);
-  });
-  window.FocusFirstOfShownPage();
+  // As the user's press on the strip: the field being edited commits first, and the focus then
+  // goes to the page shown (after every user action).
+  window.Binding()->Press(picture, kLeftButton, 0, centre, 0);
 }
 
 void Bind(HostWindow& window, const QKeySequence& keys, const std::function<void()>& action) {

@@ -69,6 +69,10 @@ class Binder : public QObject {
   // Runs a user action on the models as the widgets' own input does: an error is shown, the
   // focus follows the models, userActionHandled is emitted.
   void Run(const std::function<void()>& action) { Dispatch(action); }
+  const BinderOptions& Options() const { return options_; }
+  // A press of the mouse on a widget at (x, y), as the user's own press: a picture that takes
+  // the focus takes it from the field being edited first.
+  void Press(pelkedit::Widget& picture, int button, int shift, float x, float y);
   // Opens the help of the question that has the focus, as a click on its label does (F1); false
   // when the focused widget has no label that opens help.
   bool HelpForFocus();
@@ -111,6 +115,7 @@ class Binder : public QObject {
   void ConnectKeys(Binding& binding);
   bool KeyEvent(Binding& binding, QEvent* event);
   pelkedit::Widget* LookupOpenedBy(const Binding& binding, const QKeyEvent& key) const;
+  bool IsLookupPicture(const std::string& name) const;
   QString ShownCaption(const pelkedit::Widget& model) const;
   const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
   void ApplyLabelCaption(Binding& binding);

@@ -71,8 +71,6 @@ void SyncSelection(pelkedit::TextBox& box, const QString& text, int start, int e
   box.SetSelection(modelStart, modelLength);
 }
 
-namespace {}  // namespace
-
 void Binder::ConnectInput(Binding& binding) {
   switch (binding.model->Kind()) {
     case WidgetKind::kPicture:
@@ -205,6 +203,14 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   return QObject::eventFilter(watched, event);
 }
 
+void Binder::Press(pelkedit::Widget& model, int button, int shift, float x, float y) {
+  const bool takesFocus = options_.focusTakingPictures.count(model.Name()) != 0;
+  Dispatch([this, &model, button, shift, x, y, takesFocus] {
+    if (takesFocus) registry_.MoveFocus(nullptr);
+    model.UserMouseDown(button, shift, x, y);
+  });
+}
+
 bool Binder::MouseEvent(Binding& binding, QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   const int button = ButtonCode(mouse->button());
@@ -214,11 +220,7 @@ bool Binder::MouseEvent(Binding& binding, QEvent* event) {
   pelkedit::Widget* model = binding.model;
   const bool isButton = model->Kind() == WidgetKind::kButton;
   if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
-    const bool takesFocus = options_.focusTakingPictures.count(model->Name()) != 0;
-    Dispatch([this, model, button, shift, x, y, takesFocus] {
-      if (takesFocus) registry_.MoveFocus(nullptr);
-      model->UserMouseDown(button, shift, x, y);
-    });
+    Press(*model, button, shift, x, y);
     return true;
   }
   const bool inside = binding.inner && binding.inner->rect().contains(mouse->position().toPoint());

@@ -126,8 +126,7 @@ void Binder::ConnectKeys(Binding& binding) {
       options_.lookups.count(binding.model->Name()) != 0) {
     binding.inner->installEventFilter(this);
   }
-  for (const auto& [box, picture] : options_.lookups) {
-    if (picture != binding.model->Name()) continue;
+  if (IsLookupPicture(binding.model->Name())) {
     binding.inner->setFocusPolicy(Qt::StrongFocus);
     binding.inner->setToolTip(tr("Look up in the contact book (F4 in the name)"));
   }
@@ -215,10 +214,12 @@ pelkedit::Widget* Binder::LookupOpenedBy(const Binding& binding, const QKeyEvent
   }
   const bool press =
       key.key() == Qt::Key_Space || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-  for (const auto& [box, picture] : options_.lookups) {
-    if (picture == name && press) return binding.model;
-  }
-  return nullptr;
+  return press && IsLookupPicture(name) ? binding.model : nullptr;
+}
+
+bool Binder::IsLookupPicture(const std::string& name) const {
+  return std::any_of(options_.lookups.begin(), options_.lookups.end(),
+                     [&name](const auto& lookup) { return lookup.second == name; });
 }
 
 bool Binder::KeyEvent(Binding& binding, QEvent* event) {

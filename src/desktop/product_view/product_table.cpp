@@ -11,6 +11,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "binding/date_widgets.h"
 #include "product_view/product_table_view.h"
 #include "products/product_text.h"
 #include "values/error.h"
@@ -35,7 +36,7 @@ bool Numeric(Column column) {
 ProductTableModel::ProductTableModel(std::shared_ptr<ProductListView> view, QObject* parent)
     : QAbstractTableModel(parent), view_(std::move(view)) {
   // Amounts are typed and shown as the user's locale writes numbers.
-  const QLocale locale;
+  const QLocale locale = QLocale::system();
   view_->SetNumberMarks(
       {locale.decimalPoint().toStdString(), locale.groupSeparator().toStdString()});
   view_->onChanged = [this] {
@@ -82,10 +83,9 @@ QString ProductTableModel::ColumnTitle(Column column) {
 }
 
 QString ProductTableModel::DateFormat() {
-  QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
-  // Four-digit years, as the editor's other dates show them.
-  if (!format.contains("yyyy")) format.replace("yy", "yyyy");
-  return format;
+  // The editor's other date fields' format: the user's order and separator, four-digit years.
+  const QString shortFormat = QLocale::system().dateFormat(QLocale::ShortFormat);
+  return MaskedDateFormat(shortFormat, DateOrderOf(shortFormat));
 }
 
 QVariant ProductTableModel::data(const QModelIndex& index, int role) const {

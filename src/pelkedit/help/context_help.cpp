@@ -81,22 +81,24 @@ std::span<const HelpLink> HelpLinks() {
   return kLinks;
 }
 
+void OpenHelpTopic(IPlatform& platform, std::int32_t mapId) {
+  // Both are created for this request and released when it ends, whatever happens.
+  auto config = CreateObjectAs<IConfig>(platform, kConfigProgId);
+  const auto files = CreateObjectAs<IFileSystem>(platform, kFileSystemProgId);
+  const std::string folder = config->GetValue("InstallPath");
+  const std::string name = config->GetValue("PLKHelpName");
+  config.reset();
+  const std::string path = files->BuildPath(folder, name);
+  if (!files->FileExists(path)) {
+    platform.MsgBox(kMissingHelp, MsgIcon::kExclamation, MsgButtons::kOk, kTitle);
+    return;
+  }
+  platform.StartProcess(std::string(kHelpViewer) + " -" + kHelpWindow + " -#mapid " +
+                        std::to_string(mapId) + " " + path);
+}
+
 void ShowContextHelp(EditorContext& ctx, std::int32_t mapId) {
-  RunMethod(EditorContext::Proc("ShowContextHelp"), [&] {
-    // Both are created for this request and released when it ends, whatever happens.
-    auto config = CreateObjectAs<IConfig>(ctx.platform, kConfigProgId);
-    const auto files = CreateObjectAs<IFileSystem>(ctx.platform, kFileSystemProgId);
-    const std::string folder = config->GetValue("InstallPath");
-    const std::string name = config->GetValue("PLKHelpName");
-    config.reset();
-    const std::string path = files->BuildPath(folder, name);
-    if (!files->FileExists(path)) {
-      ctx.platform.MsgBox(kMissingHelp, MsgIcon::kExclamation, MsgButtons::kOk, kTitle);
-      return;
-    }
-    ctx.platform.StartProcess(std::string(kHelpViewer) + " -" + kHelpWindow + " -#mapid " +
-                              std::to_string(mapId) + " " + path);
-  });
+  RunMethod(EditorContext::Proc("ShowContextHelp"), [&] { OpenHelpTopic(ctx.platform, mapId); });
 }
 
 void WireContextHelp(EditorContext& ctx) {

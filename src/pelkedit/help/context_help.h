@@ -7,6 +7,7 @@
 namespace pelkedit {
 
 class EditorContext;
+class IPlatform;
 
 // A widget whose click opens a help topic, and the topic's map id.
 struct HelpLink {
@@ -19,6 +20,9 @@ std::span<const HelpLink> HelpLinks();
 
 // Opens topic `mapId` of the help file the configuration names, or says the file is missing.
 void ShowContextHelp(EditorContext& ctx, std::int32_t mapId);
+// The same request without the editor's tracing, for a host's own topics; a failure of the
+// configuration is raised to the caller.
+void OpenHelpTopic(IPlatform& platform, std::int32_t mapId);
 
 // Gives every widget of HelpLinks() its click handler (WIDGET_Click) and, for labels, the
 // pointer that says a click opens help.
