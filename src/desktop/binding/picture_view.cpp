@@ -1,6 +1,8 @@
 #include "binding/picture_view.h"
 
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 
 namespace pelkor::desktop {
 
@@ -29,6 +31,12 @@ void PictureView::paintEvent(QPaintEvent*) {
   if (pixmap.isNull()) return;
   QPainter painter(this);
   painter.drawPixmap(0, 0, pixmap);
+  if (!hasFocus()) return;
+  // A picture that is a Tab stop (a look-up button) shows where the keyboard is, as buttons do.
+  QStyleOptionFocusRect focus;
+  focus.initFrom(this);
+  focus.rect = rect().adjusted(1, 1, -1, -1);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 }  // namespace pelkor::desktop

@@ -220,6 +220,9 @@ ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* paren
                                             metrics.horizontalAdvance(title)) +
                                        metrics.averageCharWidth() * 3);
   }
+  // The delivery date is typed in a field with a calendar button beside the date.
+  const int dateColumn = ProductTableModel::kFixedColumns;
+  header->resizeSection(dateColumn, header->sectionSize(dateColumn) + metrics.height() * 2);
   header->setContextMenuPolicy(Qt::CustomContextMenu);
   connect(header, &QHeaderView::customContextMenuRequested, this,
           [this, header](const QPoint& pos) {
@@ -244,18 +247,22 @@ ProductTable::ProductTable(std::shared_ptr<ProductListView> view, QWidget* paren
   warning.setColor(QPalette::WindowText, Qt::darkRed);
   status_->setPalette(warning);
 
+  // Why an entry was refused gets a line of its own, whole, and only while there is one.
+  status_->setWordWrap(true);
+  status_->hide();
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(add_);
   buttons->addWidget(remove_);
-  buttons->addWidget(status_, 1);
+  buttons->addStretch(1);
   buttons->addWidget(total_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(table_, 1);
+  layout->addWidget(status_);
   layout->addLayout(buttons);
   setFocusProxy(table_);
 
-  connect(model_, &ProductTableModel::entryRefused, status_, &QLabel::setText);
+  connect(model_, &ProductTableModel::entryRefused, this, &ProductTable::ShowProblem);
   connect(model_, &ProductTableModel::totalChanged, this, &ProductTable::Refresh);
   connect(model_, &QAbstractItemModel::modelReset, this, &ProductTable::Refresh);
   Refresh();
@@ -294,14 +301,19 @@ bool ProductTable::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
+void ProductTable::ShowProblem(const QString& why) {
+  status_->setText(why);
+  status_->setVisible(!why.isEmpty());
+}
+
 void ProductTable::Refresh() {
   ProductListView& view = model_->View();
   const bool readable = view.Unreadable().empty();
   add_->setEnabled(readable);
   remove_->setEnabled(readable && model_->rowCount() > 0);
   if (!readable) {
-    status_->setText(tr("This product list cannot be read and is kept as stored: %1")
-                         .arg(QString::fromStdString(view.Unreadable())));
+    ShowProblem(tr("This product list cannot be read and is kept as stored: %1")
+                    .arg(QString::fromStdString(view.Unreadable())));
     total_->clear();
     return;
   }

@@ -83,6 +83,8 @@ class ProductTable : public QWidget {
 
  private:
   void Refresh();
+  // Shows why an entry was refused or the list cannot be read; "" hides the line.
+  void ShowProblem(const QString& why);
   void AddLine();
   void RemoveCurrentLine();
   ProductTableModel* model_;
