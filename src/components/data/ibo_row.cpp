@@ -34,11 +34,9 @@ IboRow DecodeRow(const pelkedit::Blob& data, IboTable table, const std::string& 
   });
   IboRow row;
   row.table = table;
-  row.id = record->Get("IboId").AsLong();
-  row.iboNumber = record->Get("IboNumber").AsLong();
-  row.company = record->Get("ContactCompany").AsString();
-  row.status = record->Get("Status").AsLong();
-  row.expert = record->Get("ExpertMode").AsBool();
+  row.summary = SummaryOf(*record);
+  row.search = FoldForSearch(std::to_string(row.summary.iboNumber) + " " + row.summary.company +
+                             " " + row.summary.firstName + " " + row.summary.lastName);
   row.data = &data;
   return row;
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "data/ibo_query.h"
 #include "data/ibo_store.h"
 
 namespace pelkor::data_detail {
@@ -17,16 +18,21 @@ inline constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
 const char* TableSqlName(IboTable table);
 
 // The columns of one stored IBO row, taken from the decoded record; `data` points at the
-// record it was decoded from.
+// record it was decoded from. The owner and the save stamp are the store's to fill.
 struct IboRow {
   IboTable table = IboTable::kMain;
-  std::int32_t id = 0;
-  std::int32_t iboNumber = 0;
-  std::string company;
-  std::int32_t status = 0;
-  bool expert = false;
+  IboSummary summary;
+  // Number, company and contact folded for searching.
+  std::string search;
   const pelkedit::Blob* data = nullptr;
 };
+
+// Today in UTC, and the moment of a save as the summaries keep it ("YYYY-MM-DD HH:MM:SS").
+pelkedit::Date TodayUtc();
+std::string SaveStamp();
+
+// The summary of a decoded record (owner, save stamp and version left empty).
+IboSummary SummaryOf(pelkedit::IRecord& record);
 
 // The record `data` holds; bytes that are not a valid IBO are error 5 with the description
 // `refusal` makes of the decoder's reason.

@@ -5,9 +5,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "contracts/record.h"
+#include "data/ibo_query.h"
 #include "platform/object_factory.h"
 #include "values/error.h"
 
@@ -25,20 +27,34 @@ const char* IboTableName(IboTable table);
 // The retrieval procedure name that selects a table; any other name is error 5.
 IboTable TableForProcedure(const std::string& procName);
 
-// One row of the "open IBO" list a host shows, taken from the indexed summary columns.
-struct IboSummary {
-  std::int32_t id = 0;
-  bool archived = false;
-  std::int32_t iboNumber = 0;
-  std::string company;
-  std::int32_t status = 0;
-  bool expert = false;
-};
-
 // A record in storage form bound for one table.
 struct IboEntry {
+  IboEntry(IboTable table, pelkedit::Blob data) : table(table), data(std::move(data)) {}
+  IboEntry(IboTable table, pelkedit::Blob data, std::string owner, std::string savedAt,
+           std::string savedBy)
+      : table(table),
+        data(std::move(data)),
+        owner(std::move(owner)),
+        savedAt(std::move(savedAt)),
+        savedBy(std::move(savedBy)) {}
+
   IboTable table = IboTable::kMain;
   pelkedit::Blob data;
+  // Who created and last saved it, when copied from another database; empty for the person
+  // working now, at this moment.
+  std::string owner;
+  std::string savedAt;
+  std::string savedBy;
+};
+
+// A stored row as a copy reads it: the record with who created and saved it.
+struct StoredIbo {
+  IboTable table = IboTable::kMain;
+  std::int32_t id = 0;
+  pelkedit::Blob data;
+  std::string owner;
+  std::string savedAt;
+  std::string savedBy;
 };
 
 // A stored record and the version of the row it was read from.
@@ -89,8 +105,29 @@ class IIboStore {
   // Summaries of both tables (or of one), main before archive, each by id.
   virtual std::vector<IboSummary> ListIbos(std::optional<IboTable> only = std::nullopt) = 0;
 
+  // One page of a table's summaries and how many rows match in all; the database does the
+  // searching, sorting and counting.
+  virtual IboPage QueryIbos(const IboQuery& query) = 0;
+  // A new open deal with a new id and a new IBO number, both unique however many people create
+  // deals at once; its owner is the person working now.
+  virtual CreatedIbo CreateIbo(const NewIbo& ibo) = 0;
+  // Moves IBO `id` from `from` into the other table in one transaction (archive, restore). With
+  // `expected`, a row saved by someone since it was read at that version is not moved.
+  virtual void MoveIbo(IboTable from, std::int32_t id,
+                       std::optional<std::int64_t> expected = std::nullopt) = 0;
+  // Removes an IBO from the archive for good; the main table's deals are archived first.
+  virtual void DeleteArchived(std::int32_t id) = 0;
+  // Up to `limit` rows of a table in id order after `afterId`, for copying.
+  virtual std::vector<StoredIbo> ReadBatch(IboTable table, std::int32_t afterId, int limit) = 0;
+  // The stored records of these ids that the table holds, in one query.
+  virtual std::vector<StoredIbo> FindMany(IboTable table, const std::vector<std::int32_t>& ids) = 0;
+
   // The contact book, by last and first name.
   virtual std::vector<Contact> ListContacts() = 0;
+  // A page of the contacts matching a search (name, company, e-mail, phone; case and accents
+  // ignored), by last and first name, and how many match in all.
+  virtual std::pair<std::vector<Contact>, std::int64_t> SearchContacts(
+      const ContactQuery& query) = 0;
   // Adds the contacts the book does not hold yet (the same name, company, e-mail and phone is
   // the same person), all in one transaction; returns how many were added.
   virtual int AddContacts(const std::vector<Contact>& contacts) = 0;

@@ -3,10 +3,14 @@
 #include <array>
 #include <vector>
 
+#include <pqxx/binarystring>
+#include <pqxx/subtransaction>
 #include <pqxx/transaction>
 
 #include "data/ibo_row.h"
 #include "data/postgres_error.h"
+#include "data/postgres_params.h"
+#include "data/summary_fill.h"
 
 namespace pelkor::data_detail {
 namespace {
@@ -15,6 +19,7 @@ namespace {
 constexpr const char* kSchemaTable = "pelkor_schema";
 // Key of the advisory lock held while the schema is checked, created or migrated ("PELK").
 constexpr long long kSchemaLockKey = 0x50454C4B;
+constexpr int kPipelineVersion = 3;
 
 // One step of the schema's history; a database at an older version gets every later step.
 struct Migration {
@@ -33,10 +38,6 @@ std::vector<std::string> IboTableStatements() {
                          " company text NOT NULL, status integer NOT NULL,"
                          " expert boolean NOT NULL, data bytea NOT NULL,"
                          " version bigint NOT NULL DEFAULT 0)");
-    for (const char* column : {"ibo_number", "company", "status", "expert"}) {
-      statements.push_back("CREATE INDEX " + name + "_" + column + " ON " + name + " (" + column +
-                           ")");
-    }
   }
   return statements;
 }
@@ -51,6 +52,8 @@ const std::vector<Migration>& Migrations() {
         " phone text NOT NULL, email text NOT NULL)",
         "CREATE UNIQUE INDEX contacts_identity ON contacts"
         " (first_name, last_name, company, email, phone)"}},
+      // The pipeline's summaries and searches: filled by AddPipeline, not by statements.
+      {kPipelineVersion, {}},
   };
   return migrations;
 }
@@ -101,6 +104,63 @@ void CheckTables(pqxx::work& work, const std::string& refusal) {
   }
 }
 
+std::vector<std::pair<std::int32_t, pelkedit::Blob>> RecordBatch(pqxx::work& work,
+                                                                 const std::string& table,
+                                                                 std::int32_t after) {
+  std::vector<std::pair<std::int32_t, pelkedit::Blob>> batch;
+  for (const pqxx::row& row :
+       RunWith(work, "SELECT id, data FROM " + table + " WHERE id > ? ORDER BY id LIMIT ?",
+               {std::int64_t{after}, std::int64_t{kMigrationBatch}})) {
+    const pqxx::binarystring bytes(row[1]);
+    batch.emplace_back(row[0].as<std::int32_t>(), pelkedit::Blob(bytes.begin(), bytes.end()));
+  }
+  return batch;
+}
+
+std::vector<Contact> ContactBatch(pqxx::work& work, std::int64_t after) {
+  std::vector<Contact> batch;
+  for (const pqxx::row& row :
+       RunWith(work,
+               "SELECT id, first_name, last_name, company, address, phone, email FROM contacts"
+               " WHERE id > ? ORDER BY id LIMIT ?",
+               {after, std::int64_t{kMigrationBatch}})) {
+    batch.push_back({row[0].as<std::int64_t>(), row[1].as<std::string>(), row[2].as<std::string>(),
+                     row[3].as<std::string>(), row[4].as<std::string>(), row[5].as<std::string>(),
+                     row[6].as<std::string>()});
+  }
+  return batch;
+}
+
+// Trigram indexes find a substring without reading every row. A role that may not add the
+// extension gets no such index: searches still work, by reading the table.
+bool HasTrigrams(pqxx::work& work) {
+  try {
+    pqxx::subtransaction attempt(work, "trigrams");
+    attempt.exec("CREATE EXTENSION IF NOT EXISTS pg_trgm");
+    attempt.commit();
+    return true;
+  } catch (const pqxx::sql_error&) {
+    return false;
+  }
+}
+
+void AddPipeline(pqxx::work& work) {
+  MigrationSteps steps;
+  steps.exec = [&](const std::string& sql, const std::vector<SqlValue>& params) {
+    RunWith(work, sql, params);
+  };
+  steps.records = [&](const std::string& table, std::int32_t after) {
+    return RecordBatch(work, table, after);
+  };
+  steps.contacts = [&](std::int64_t after) { return ContactBatch(work, after); };
+  AddSummaries(steps, kPostgresDialect);
+  if (!HasTrigrams(work)) return;
+  for (const std::string table : {"ibo_main", "ibo_archive", "contacts"}) {
+    work.exec("CREATE INDEX IF NOT EXISTS " + table + "_search ON " + table +
+              " USING gin (search gin_trgm_ops)");
+  }
+}
+
 }  // namespace
 
 void PrepareServerDatabase(pqxx::connection& connection, const std::string& location,
@@ -118,6 +178,7 @@ void PrepareServerDatabase(pqxx::connection& connection, const std::string& loca
     for (const Migration& migration : Migrations()) {
       if (migration.version <= version) continue;
       for (const std::string& statement : migration.statements) work.exec(statement);
+      if (migration.version == kPipelineVersion) AddPipeline(work);
     }
     if (version < CurrentVersion()) {
       work.exec_params(std::string("UPDATE ") + kSchemaTable + " SET version = $1",

@@ -1,6 +1,7 @@
 #include "data/sqlite_schema.h"
 
 #include <array>
+#include <filesystem>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
@@ -8,6 +9,7 @@
 
 #include "data/ibo_row.h"
 #include "data/sqlite_error.h"
+#include "data/summary_fill.h"
 
 namespace pelkor::data_detail {
 namespace {
@@ -15,8 +17,10 @@ namespace {
 // Marks the file as ours in its header ("PELK"), so a foreign database is recognised.
 constexpr int kApplicationId = 0x50454C4B;
 // Version 2 added the contact book, version 3 a version per IBO row (so that a save can tell
-// whether someone else saved since); older files are brought up to date when opened.
-constexpr int kSchemaVersion = 3;
+// whether someone else saved since), version 4 the pipeline's summaries and searches; older
+// files are brought up to date when opened.
+constexpr int kSchemaVersion = 4;
+constexpr int kRowVersionVersion = 3;
 constexpr int kContactsVersion = 2;
 constexpr const char* kContactsTable = "contacts";
 constexpr int kFirstSchemaVersion = 1;
@@ -37,14 +41,83 @@ bool HasTable(SQLite::Database& db, const char* name) {
   return query.getColumn(0).getInt() > 0;
 }
 
-void CheckIntegrity(SQLite::Database& db, const std::string& refusal) {
-  SQLite::Statement check(db, "PRAGMA quick_check(1)");
-  check.executeStep();
-  const std::string verdict = check.getColumn(0).getString();
-  if (verdict != "ok") {
-    RaiseDataError(refusal + ": the database is damaged (" + verdict +
-                   "). Restore it from a backup.");
+// The checks SQLite makes as it reads: the schema, and the last page of each table's tree (a
+// file cut short loses its end first). A whole-file check would grow with the database.
+void CheckReadable(SQLite::Database& db, const std::string& refusal) {
+  const auto damaged = [&](const std::string& why) {
+    RaiseDataError(refusal + ": the database is damaged (" + why + "). Restore it from a backup.");
+  };
+  const std::int64_t pages = db.execAndGet("PRAGMA page_count").getInt64();
+  const std::int64_t pageSize = db.execAndGet("PRAGMA page_size").getInt64();
+  const std::string file = db.getFilename();
+  std::error_code error;
+  const auto size = file.empty() ? 0 : std::filesystem::file_size(file, error);
+  if (!error && !file.empty() && static_cast<std::int64_t>(size) < pages * pageSize) {
+    damaged("the file is shorter than its header says");
   }
+  SQLite::Statement tables(db, "SELECT name FROM sqlite_master WHERE type = 'table'");
+  while (tables.executeStep()) {
+    const std::string name = tables.getColumn(0).getString();
+    if (name.rfind("sqlite_", 0) == 0) continue;
+    db.execAndGet("SELECT max(rowid) FROM \"" + name + "\"");
+  }
+}
+
+std::vector<std::pair<std::int32_t, pelkedit::Blob>> RecordBatch(SQLite::Database& db,
+                                                                 const std::string& table,
+                                                                 std::int32_t after) {
+  SQLite::Statement query(db,
+                          "SELECT id, data FROM " + table + " WHERE id > ? ORDER BY id LIMIT ?");
+  query.bind(1, after);
+  query.bind(2, kMigrationBatch);
+  std::vector<std::pair<std::int32_t, pelkedit::Blob>> batch;
+  while (query.executeStep()) {
+    const SQLite::Column data = query.getColumn(1);
+    const auto* bytes = static_cast<const std::uint8_t*>(data.getBlob());
+    batch.emplace_back(query.getColumn(0).getInt(), pelkedit::Blob(bytes, bytes + data.getBytes()));
+  }
+  return batch;
+}
+
+std::vector<Contact> ContactBatch(SQLite::Database& db, std::int64_t after) {
+  SQLite::Statement query(db,
+                          "SELECT id, first_name, last_name, company, address, phone, email"
+                          " FROM contacts WHERE id > ? ORDER BY id LIMIT ?");
+  query.bind(1, after);
+  query.bind(2, kMigrationBatch);
+  std::vector<Contact> batch;
+  while (query.executeStep()) {
+    batch.push_back({query.getColumn(0).getInt64(), query.getColumn(1).getString(),
+                     query.getColumn(2).getString(), query.getColumn(3).getString(),
+                     query.getColumn(4).getString(), query.getColumn(5).getString(),
+                     query.getColumn(6).getString()});
+  }
+  return batch;
+}
+
+void ExecBound(SQLite::Database& db, const std::string& sql, const std::vector<SqlValue>& params) {
+  SQLite::Statement statement(db, sql);
+  BindAll(statement, params);
+  statement.exec();
+}
+
+// The pipeline's summaries, filled from the records, and the search indexes.
+void AddPipeline(SQLite::Database& db) {
+  MigrationSteps steps;
+  steps.exec = [&](const std::string& sql, const std::vector<SqlValue>& params) {
+    ExecBound(db, sql, params);
+  };
+  steps.records = [&](const std::string& table, std::int32_t after) {
+    return RecordBatch(db, table, after);
+  };
+  steps.contacts = [&](std::int64_t after) { return ContactBatch(db, after); };
+  AddSummaries(steps, kSqliteDialect);
+  // The folded search text is scanned from a narrow index instead of the wide table.
+  for (const IboTable table : kTables) {
+    const std::string name = TableSqlName(table);
+    db.exec("CREATE INDEX IF NOT EXISTS " + name + "_search ON " + name + " (search)");
+  }
+  db.exec("CREATE INDEX IF NOT EXISTS contacts_search ON contacts (search)");
 }
 
 void CreateContacts(SQLite::Database& db) {
@@ -66,12 +139,13 @@ void Migrate(SQLite::Database& db, int version) {
   // Another program may have migrated it between our check and our lock.
   const int now = PragmaInt(db, "user_version");
   if (now < kContactsVersion) CreateContacts(db);
-  if (now < kSchemaVersion) {
+  if (now < kRowVersionVersion) {
     for (const IboTable table : kTables) {
       db.exec(std::string("ALTER TABLE ") + TableSqlName(table) +
               " ADD COLUMN version INTEGER NOT NULL DEFAULT 0");
     }
   }
+  if (now < kSchemaVersion) AddPipeline(db);
   db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();
 }
@@ -108,9 +182,6 @@ void CreateTable(SQLite::Database& db, const std::string& name) {
           " (id INTEGER PRIMARY KEY, ibo_number INTEGER NOT NULL, company TEXT NOT NULL,"
           " status INTEGER NOT NULL, expert INTEGER NOT NULL, data BLOB NOT NULL,"
           " version INTEGER NOT NULL DEFAULT 0)");
-  for (const char* column : {"ibo_number", "company", "status", "expert"}) {
-    db.exec("CREATE INDEX " + name + "_" + column + " ON " + name + " (" + column + ")");
-  }
 }
 
 void CreateSchema(SQLite::Database& db) {
@@ -123,6 +194,7 @@ void CreateSchema(SQLite::Database& db) {
     CreateTable(db, TableSqlName(table));
   }
   CreateContacts(db);
+  AddPipeline(db);
   db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();
@@ -130,11 +202,28 @@ void CreateSchema(SQLite::Database& db) {
 
 }  // namespace
 
+void BindAll(SQLite::Statement& statement, const std::vector<SqlValue>& params) {
+  int index = 1;
+  for (const SqlValue& value : params) {
+    std::visit(
+        [&](const auto& v) {
+          using T = std::decay_t<decltype(v)>;
+          if constexpr (std::is_same_v<T, const pelkedit::Blob*>) {
+            statement.bind(index, v->data(), static_cast<int>(v->size()));
+          } else {
+            statement.bind(index, v);
+          }
+        },
+        value);
+    ++index;
+  }
+}
+
 void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening,
                      bool readOnly) {
   const std::string refusal = "Cannot open the IBO database " + data_detail::DescribeLocation(path);
   WithSqlErrors(refusal, [&] {
-    CheckIntegrity(db, refusal);
+    CheckReadable(db, refusal);
     const bool empty = CheckOwnership(db, refusal);
     // Listing or importing never writes a schema into a file that was not a database yet.
     if (empty && (opening == StoreOpening::kExistingOnly || readOnly) && path != kMemoryPath) {

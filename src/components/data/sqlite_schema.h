@@ -4,9 +4,14 @@
 
 #include "data/ibo_store.h"
 
+#include <vector>
+
+#include "data/summary_sql.h"
+
 namespace SQLite {
 class Database;
-}
+class Statement;
+}  // namespace SQLite
 
 namespace pelkor::data_detail {
 
@@ -18,6 +23,9 @@ inline constexpr int kBusyTimeoutMs = 5000;
 // creates the schema in an empty database, unless only an existing database may be opened: an
 // empty one is then refused as holding no IBOs. A database opened read-only is checked, never
 // changed. Leaves a refused file untouched.
+// Binds `params` to the statement's marks in order.
+void BindAll(SQLite::Statement& statement, const std::vector<SqlValue>& params);
+
 void PrepareDatabase(SQLite::Database& db, const std::string& path, StoreOpening opening,
                      bool readOnly);
 

@@ -15,8 +15,8 @@ struct CopyReport {
 // Copies every IBO of both tables and the contact book from `source` into `target` (a team
 // moving its file to a server, say). An IBO the target already holds exactly so is left as it
 // is, so an interrupted copy can simply be run again; one it holds differently stops the copy
-// before anything is written (error 5 naming it). The IBOs are added in one transaction, then
-// the contacts in another.
+// there (error 5 naming it). The rows go a batch at a time, each batch in one transaction, so
+// memory stays the same at any size; who created and last saved each IBO is copied with it.
 CopyReport CopyDatabase(IIboStore& source, IIboStore& target);
 
 }  // namespace pelkor

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -72,9 +73,9 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   OpenIboStore(newer);
   {
     SQLite::Database db(newer, SQLite::OPEN_READWRITE);
-    db.exec("PRAGMA user_version = 4");
+    db.exec("PRAGMA user_version = 5");
   }
-  ExpectRefused(newer, "it has schema version 4 and this program reads version 3");
+  ExpectRefused(newer, "it has schema version 5 and this program reads version 4");
 
   const std::string gutted = folder.File("gutted.db");
   OpenIboStore(gutted);
@@ -85,24 +86,36 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   ExpectRefused(gutted, "the archive table is missing");
 }
 
-TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookAndKeepsItsIbos) {
+// A database of the first version: no contact book, no row versions, no summaries beside the
+// records. Opening it adds them all and fills the summaries from the records.
+TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookSummariesAndKeepsItsIbos) {
   TempFolder folder;
   const std::string old = folder.File("old.db");
   SeedDemoData(*OpenIboStore(old));
   {
     SQLite::Database db(old, SQLite::OPEN_READWRITE);
     db.exec("DROP TABLE contacts");
-    for (const char* table : {"ibo_main", "ibo_archive"}) {
-      db.exec(std::string("ALTER TABLE ") + table + " DROP COLUMN version");
+    for (const std::string table : {"ibo_main", "ibo_archive"}) {
+      SQLite::Statement indexes(db,
+                                "SELECT name FROM sqlite_master WHERE type = 'index' AND"
+                                " tbl_name = ? AND sql IS NOT NULL");
+      indexes.bind(1, table);
+      std::vector<std::string> names;
+      while (indexes.executeStep()) names.push_back(indexes.getColumn(0).getString());
+      for (const std::string& name : names) db.exec("DROP INDEX " + name);
+      for (const char* column : testing::kColumnsAfterTheFirstVersion) {
+        db.exec("ALTER TABLE " + table + " DROP COLUMN " + column);
+      }
     }
     db.exec("PRAGMA user_version = 1");
   }
   const auto store = OpenIboStore(old);
-  EXPECT_FALSE(store->ListIbos().empty());
+  EXPECT_EQ(store->ListIbos().size(), 9u);
   EXPECT_TRUE(store->ListContacts().empty());
   EXPECT_EQ(store->AddContacts({{0, "Ann", "Lee", "Acme", "", "", "ann@acme.example"}}), 1);
+  testing::ExpectSummariesOfTheDemo(*store);
   SQLite::Database db(old, SQLite::OPEN_READONLY);
-  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 3);
+  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 4);
 }
 
 // A database that lost its contact book is refused when opened, not when the book is first

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "contracts/record.h"
+#include "data/ibo_store.h"
 #include "values/error.h"
 
 namespace pelkor::testing {
@@ -26,6 +27,16 @@ class TempFolder {
 pelkedit::Blob MakeIbo(std::int32_t id, const std::string& company);
 // The company a stored record names.
 std::string CompanyOf(const pelkedit::Blob& data);
+
+// The columns later versions added to the IBO tables, which a first-version database lacks.
+inline constexpr const char* kColumnsAfterTheFirstVersion[] = {
+    "version", "first_name", "last_name",  "priority", "advisor_priority", "wih",
+    "wwgi",    "wwih_date",  "close_date", "result",   "position",         "value",
+    "search",  "owner",      "saved_at",   "saved_by"};
+
+// The demo's summaries as a pipeline reads them: found by a search in any case, with the values
+// of their records, sorted by value, and the archive apart.
+void ExpectSummariesOfTheDemo(IIboStore& store);
 
 // Runs `body` and returns the PelkError it raises; fails the test when it raises none.
 template <typename Body>

@@ -132,20 +132,29 @@ TEST(ServerStore, SchemaIsCheckedAndBroughtUpToDate) {
                 "(pelkor-db copy).");
   EXPECT_EQ(server.Value("SELECT count(*) FROM pg_tables WHERE schemaname = 'public'"), "0");
 
-  OpenIboStore(server.Uri())->Write(IboTable::kMain, MakeIbo(3, "Kept"));
-  // A database of the first version had no contact book: opening it adds one.
-  server.Raw("DROP TABLE contacts; UPDATE pelkor_schema SET version = 1");
+  SeedDemoData(*OpenIboStore(server.Uri()));
+  // A database of the first version had no contact book and no summaries beside the records:
+  // opening it adds them and fills the summaries.
+  std::string drop = "DROP TABLE contacts; UPDATE pelkor_schema SET version = 1;";
+  for (const std::string table : {"ibo_main", "ibo_archive"}) {
+    for (const char* column : testing::kColumnsAfterTheFirstVersion) {
+      if (std::string(column) != "version") {
+        drop += " ALTER TABLE " + table + " DROP COLUMN " + column + ";";
+      }
+    }
+  }
+  server.Raw(drop);
   const auto migrated = OpenIboStore(server.Uri(), StoreOpening::kExistingOnly);
-  EXPECT_EQ(server.Value("SELECT version FROM pelkor_schema"), "2");
+  EXPECT_EQ(server.Value("SELECT version FROM pelkor_schema"), "3");
   EXPECT_EQ(migrated->AddContacts({{0, "Ada", "Zeller", "", "", "", ""}}), 1);
-  EXPECT_EQ(CompanyOf(migrated->Read(IboTable::kMain, 3)), "Kept");
+  testing::ExpectSummariesOfTheDemo(*migrated);
 
   server.Raw("UPDATE pelkor_schema SET version = 99");
   EXPECT_EQ(OpenError(server.Uri()), refusal +
                                          "it has schema version 99 and this program reads "
-                                         "version 2. Use a newer version of Pelkor with this "
+                                         "version 3. Use a newer version of Pelkor with this "
                                          "database.");
-  server.Raw("UPDATE pelkor_schema SET version = 2; DROP TABLE ibo_archive");
+  server.Raw("UPDATE pelkor_schema SET version = 3; DROP TABLE ibo_archive");
   EXPECT_EQ(OpenError(server.Uri()),
             refusal +
                 "the database is damaged (the archive table is missing). Restore it from "
@@ -252,7 +261,7 @@ TEST(ServerStore, CopyMovesAWholeDatabaseBetweenBackends) {
   const auto first = file->ListIbos().front();
   file->Write(IboTable::kMain, MakeIbo(first.id, "Changed in the file"));
   EXPECT_THAT(ErrorOf([&] { CopyDatabase(*file, *onServer); }).Description(),
-              StartsWith("Nothing was copied: IBO " + std::to_string(first.id) +
+              StartsWith("The copy stopped: IBO " + std::to_string(first.id) +
                          " in the main table of '" + server.Uri() + "' differs"));
   EXPECT_FALSE(onServer->Find(IboTable::kMain, 4242).has_value());
 }

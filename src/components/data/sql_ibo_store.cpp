@@ -1,0 +1,191 @@
+#include "data/sql_ibo_store.h"
+
+namespace pelkor::data_detail {
+namespace {
+
+using pelkedit::Blob;
+
+constexpr const char* kContactColumns = "id, first_name, last_name, company, address, phone, email";
+// Byte order: both backends list the same book the same way.
+std::string ContactOrder(const SqlDialect& dialect) {
+  return std::string(" ORDER BY last_name") + dialect.byteOrder + ", first_name" +
+         dialect.byteOrder + ", id";
+}
+
+std::string Marks(std::size_t count) {
+  std::string marks;
+  for (std::size_t i = 0; i < count; ++i) marks += i == 0 ? "?" : ", ?";
+  return marks;
+}
+
+std::vector<SqlValue> WriteParams(const IboRow& row, const std::string& owner,
+                                  const std::string& savedAt, const std::string& savedBy) {
+  std::vector<SqlValue> params = {std::int64_t{row.summary.id}};
+  for (SqlValue& value : RecordValues(row)) params.push_back(std::move(value));
+  params.insert(params.end(), {owner, savedAt, savedBy, row.data});
+  return params;
+}
+
+Contact ContactOf(const SqlRow& row) {
+  return {row.Int64(0), row.Text(1), row.Text(2), row.Text(3),
+          row.Text(4),  row.Text(5), row.Text(6)};
+}
+
+}  // namespace
+
+std::string AllRowColumns() {
+  return "id, " + ColumnList(kRecordColumns) + ", " + ColumnList(kStampColumns) + ", data, version";
+}
+
+SqlIboStore::SqlIboStore(std::unique_ptr<SqlConnection> sql)
+    : sql_(std::move(sql)), user_(CurrentUserName()) {}
+
+std::int64_t SqlIboStore::Insert(const IboRow& row, bool replace, const std::string& owner,
+                                 const std::string& savedAt, const std::string& savedBy) {
+  const std::string table = TableSqlName(row.table);
+  std::string sql = "INSERT INTO " + table + " (id, " + ColumnList(kRecordColumns) + ", " +
+                    ColumnList(kStampColumns) + ", data) VALUES (" +
+                    Marks(1 + kRecordColumns.size() + kStampColumns.size() + 1) +
+                    ") ON CONFLICT (id) DO ";
+  if (!replace) {
+    sql += "NOTHING";
+  } else {
+    // The owner stays who created it.
+    sql += "UPDATE SET ";
+    for (const char* column : kRecordColumns) {
+      sql += std::string(column) + " = excluded." + column + ", ";
+    }
+    sql +=
+        "saved_at = excluded.saved_at, saved_by = excluded.saved_by, data = excluded.data,"
+        " version = " +
+        table + ".version + 1";
+  }
+  return sql_->Exec(sql, WriteParams(row, owner, savedAt, savedBy));
+}
+
+void SqlIboStore::Write(IboTable table, const Blob& data) {
+  const IboRow row = DecodeRow(data, table, Location());
+  std::lock_guard lock(mutex_);
+  sql_->Transaction("Cannot write " + Where(row.summary.id, "to", table) + " of " + Location(),
+                    true, [&] { Insert(row, true, user_, SaveStamp(), user_); });
+}
+
+std::optional<VersionedIbo> SqlIboStore::FindVersioned(IboTable table, std::int32_t id) {
+  std::lock_guard lock(mutex_);
+  std::optional<VersionedIbo> found;
+  sql_->QueryAlone(
+      "Cannot read " + Where(id, "from", table) + " of " + Location(),
+      std::string("SELECT data, version FROM ") + TableSqlName(table) + " WHERE id = ?",
+      {std::int64_t{id}}, [&](const SqlRow& row) {
+        found = VersionedIbo{row.Bytes(0), row.Int64(1)};
+      });
+  return found;
+}
+
+std::int64_t SqlIboStore::Update(IboTable table, std::int32_t id, const Blob& data,
+                                 std::optional<std::int64_t> expected) {
+  const IboRow row = DecodeRow(data, table, Location());
+  const std::string refusal = "Cannot save " + Where(id, "to", table) + " of " + Location();
+  if (row.summary.id != id) RaiseForeignId(refusal, row.summary.id);
+  std::string sql = std::string("UPDATE ") + TableSqlName(table) + " SET ";
+  for (const char* column : kRecordColumns) sql += std::string(column) + " = ?, ";
+  // The version check and the write are one statement: a concurrent save holds the row until it
+  // commits, and this one then sees the new version.
+  sql +=
+      "saved_at = ?, saved_by = ?, data = ?, version = version + 1"
+      " WHERE id = ? AND (? < 0 OR version = ?) RETURNING version";
+  std::vector<SqlValue> params = RecordValues(row);
+  const std::int64_t wanted = expected.value_or(-1);
+  params.insert(params.end(), {SaveStamp(), user_, row.data, std::int64_t{id}, wanted, wanted});
+  std::lock_guard lock(mutex_);
+  std::optional<std::int64_t> saved;
+  sql_->Transaction(refusal, true, [&] {
+    sql_->Query(sql, params, [&](const SqlRow& result) { saved = result.Int64(0); });
+    if (saved) return;
+    bool there = false;
+    sql_->Query(std::string("SELECT 1 FROM ") + TableSqlName(table) + " WHERE id = ?",
+                {std::int64_t{id}}, [&](const SqlRow&) { there = true; });
+    if (!there) RaiseVanished(refusal);
+    RaiseChangedBySomeoneElse(id);
+  });
+  return *saved;
+}
+
+int SqlIboStore::AddMissing(const std::vector<IboEntry>& entries) {
+  std::vector<IboRow> rows;
+  rows.reserve(entries.size());
+  for (const IboEntry& entry : entries) {
+    rows.push_back(DecodeRow(entry.data, entry.table, Location()));
+  }
+  const std::string now = SaveStamp();
+  std::lock_guard lock(mutex_);
+  std::int64_t added = 0;
+  sql_->Transaction("Cannot add IBOs to " + Location(), true, [&] {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+      const IboEntry& entry = entries[i];
+      // A copied row keeps who made and saved it; a new one is the person's working now.
+      const bool copied = !entry.savedAt.empty();
+      added += Insert(rows[i], false, copied ? entry.owner : user_, copied ? entry.savedAt : now,
+                      copied ? entry.savedBy : user_);
+    }
+  });
+  return static_cast<int>(added);
+}
+
+std::vector<IboSummary> SqlIboStore::ListIbos(std::optional<IboTable> only) {
+  std::lock_guard lock(mutex_);
+  std::vector<IboSummary> list;
+  sql_->Transaction("Cannot list the IBOs of " + Location(), false, [&] {
+    for (const IboTable table : kTables) {
+      if (only && *only != table) continue;
+      sql_->Query("SELECT " + SummarySelectList() + " FROM " + TableSqlName(table) + " ORDER BY id",
+                  {}, [&](const SqlRow& row) {
+                    list.push_back(ReadSummary(row, table == IboTable::kArchive));
+                  });
+    }
+  });
+  return list;
+}
+
+std::vector<Contact> SqlIboStore::ListContacts() {
+  std::lock_guard lock(mutex_);
+  std::vector<Contact> list;
+  sql_->QueryAlone(
+      "Cannot list the contacts of " + Location(),
+      std::string("SELECT ") + kContactColumns + " FROM contacts" + ContactOrder(sql_->Dialect()),
+      {}, [&](const SqlRow& row) { list.push_back(ContactOf(row)); });
+  return list;
+}
+
+std::pair<std::vector<Contact>, std::int64_t> SqlIboStore::SearchContacts(
+    const ContactQuery& query) {
+  const BuiltQuery built = BuildContactSearch(query.search);
+  std::vector<SqlValue> page = built.params;
+  page.insert(page.end(), {query.limit, query.offset});
+  std::lock_guard lock(mutex_);
+  std::pair<std::vector<Contact>, std::int64_t> found;
+  sql_->Transaction("Cannot search the contacts of " + Location(), false, [&] {
+    sql_->Query("SELECT count(*) FROM contacts" + built.where, built.params,
+                [&](const SqlRow& row) { found.second = row.Int64(0); });
+    sql_->Query(std::string("SELECT ") + kContactColumns + " FROM contacts" + built.where +
+                    ContactOrder(sql_->Dialect()) + " LIMIT ? OFFSET ?",
+                page, [&](const SqlRow& row) { found.first.push_back(ContactOf(row)); });
+  });
+  return found;
+}
+
+int SqlIboStore::AddContacts(const std::vector<Contact>& contacts) {
+  std::lock_guard lock(mutex_);
+  std::int64_t added = 0;
+  sql_->Transaction("Cannot add contacts to " + Location(), true, [&] {
+    for (const Contact& c : contacts) {
+      added += sql_->Exec(
+          "INSERT INTO contacts (first_name, last_name, company, address, phone, email, search)"
+          " VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT DO NOTHING",
+          {c.first, c.last, c.company, c.address, c.phone, c.email, ContactSearchText(c)});
+    }
+  });
+  return static_cast<int>(added);
+}
+
+}  // namespace pelkor::data_detail

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/summary_sql.h"
+
+namespace pelkor::data_detail {
+
+// What the summary columns' migration needs of a backend, inside its migration transaction.
+struct MigrationSteps {
+  // Runs one statement.
+  std::function<void(const std::string& sql, const std::vector<SqlValue>& params)> exec;
+  // Up to a batch of a table's (id, record) after `afterId`, in id order.
+  std::function<std::vector<std::pair<std::int32_t, pelkedit::Blob>>(const std::string& table,
+                                                                     std::int32_t afterId)>
+      records;
+  // Up to a batch of contacts after `afterId`, in id order.
+  std::function<std::vector<Contact>(std::int64_t afterId)> contacts;
+};
+
+// How many rows a migration reads at a time.
+inline constexpr int kMigrationBatch = 1000;
+
+// Adds the summary columns to both tables and fills them from the records, and the contact
+// book's search column. A record that cannot be decoded keeps empty summaries: it stays listed,
+// and opening it says it is damaged, as before.
+void AddSummaries(const MigrationSteps& steps, const SqlDialect& dialect);
+
+// The search column and index of the contact book.
+std::vector<std::string> ContactSearchStatements(const SqlDialect& dialect);
+
+}  // namespace pelkor::data_detail

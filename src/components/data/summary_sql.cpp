@@ -1,0 +1,199 @@
+#include "data/summary_sql.h"
+
+#include <sstream>
+
+namespace pelkor::data_detail {
+namespace {
+
+struct AddedColumn {
+  const char* name;
+  enum Kind { kText, kInteger, kReal, kBigint } kind;
+};
+
+// Every column added beside the record after the first version of the schema.
+constexpr std::array<AddedColumn, 15> kAddedColumns = {{
+    {"first_name", AddedColumn::kText},
+    {"last_name", AddedColumn::kText},
+    {"priority", AddedColumn::kInteger},
+    {"advisor_priority", AddedColumn::kInteger},
+    {"wih", AddedColumn::kInteger},
+    {"wwgi", AddedColumn::kInteger},
+    {"wwih_date", AddedColumn::kText},
+    {"close_date", AddedColumn::kText},
+    {"result", AddedColumn::kInteger},
+    {"position", AddedColumn::kReal},
+    {"value", AddedColumn::kBigint},
+    {"search", AddedColumn::kText},
+    {"owner", AddedColumn::kText},
+    {"saved_at", AddedColumn::kText},
+    {"saved_by", AddedColumn::kText},
+}};
+
+bool IsTextColumn(SummaryColumn column) {
+  switch (column) {
+    case SummaryColumn::kCompany:
+    case SummaryColumn::kOwner:
+    case SummaryColumn::kSavedBy:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// The SQL column a summary column is stored in; the contact is sorted by last, then first name.
+std::vector<std::string> SqlColumnsOf(SummaryColumn column) {
+  switch (column) {
+    case SummaryColumn::kNumber:
+      return {"ibo_number"};
+    case SummaryColumn::kContact:
+      return {"last_name", "first_name"};
+    case SummaryColumn::kMode:
+      return {"expert"};
+    default:
+      return {SummaryColumnName(column)};
+  }
+}
+
+std::string SortKey(const std::string& column, bool text, const SqlDialect& dialect) {
+  if (!text) return column;
+  return dialect.textKeyBefore + column + dialect.textKeyAfter;
+}
+
+// A LIKE pattern finding `word` anywhere, its own wildcards taken literally.
+std::string ContainsPattern(const std::string& word) {
+  std::string pattern = "%";
+  for (const char c : word) {
+    if (c == '%' || c == '_' || c == '\\') pattern.push_back('\\');
+    pattern.push_back(c);
+  }
+  return pattern + "%";
+}
+
+// Every word of the search must be found.
+void AddSearch(const std::string& search, std::vector<std::string>& conditions,
+               std::vector<SqlValue>& params) {
+  std::istringstream words(FoldForSearch(search));
+  for (std::string word; words >> word;) {
+    conditions.push_back("search LIKE ? ESCAPE '\\'");
+    params.emplace_back(ContainsPattern(word));
+  }
+}
+
+BuiltQuery Joined(std::vector<std::string> conditions, std::vector<SqlValue> params) {
+  BuiltQuery built;
+  for (std::size_t i = 0; i < conditions.size(); ++i) {
+    built.where += (i == 0 ? " WHERE " : " AND ") + conditions[i];
+  }
+  built.params = std::move(params);
+  return built;
+}
+
+}  // namespace
+
+const SqlDialect kSqliteDialect = {"", " COLLATE NOCASE", "", false, "INTEGER", "REAL", "INTEGER"};
+const SqlDialect kPostgresDialect = {"lower(",           ")",     " COLLATE \"C\"", true, "integer",
+                                     "double precision", "bigint"};
+
+std::vector<SqlValue> RecordValues(const IboRow& row) {
+  const IboSummary& s = row.summary;
+  return {std::int64_t{s.iboNumber},
+          s.company,
+          std::int64_t{s.status},
+          std::int64_t{s.expert ? 1 : 0},
+          s.firstName,
+          s.lastName,
+          std::int64_t{s.priority},
+          std::int64_t{s.advisorPriority},
+          std::int64_t{s.wih},
+          std::int64_t{s.wwgi},
+          s.wwihDate,
+          s.closeDate,
+          std::int64_t{s.result},
+          s.position,
+          s.value,
+          row.search};
+}
+
+std::string SummarySelectList() {
+  // The mode is a number on SQLite and a Boolean on the server: both read as 0 or 1.
+  return "id, ibo_number, company, status, CASE WHEN expert THEN 1 ELSE 0 END, first_name, "
+         "last_name, priority,"
+         " advisor_priority, wih, wwgi, wwih_date, close_date, result, position, value, owner,"
+         " saved_at, saved_by, version";
+}
+
+std::vector<std::string> AddSummaryColumns(const std::string& table, const SqlDialect& dialect) {
+  std::vector<std::string> statements;
+  for (const AddedColumn& column : kAddedColumns) {
+    const char* type = column.kind == AddedColumn::kText      ? "TEXT NOT NULL DEFAULT ''"
+                       : column.kind == AddedColumn::kInteger ? dialect.integer
+                       : column.kind == AddedColumn::kReal    ? dialect.real
+                                                              : dialect.bigint;
+    const std::string definition =
+        column.kind == AddedColumn::kText ? type : std::string(type) + " NOT NULL DEFAULT 0";
+    statements.push_back("ALTER TABLE " + table + " ADD COLUMN " + column.name + " " + definition);
+  }
+  return statements;
+}
+
+std::vector<std::string> SummaryIndexes(const std::string& table, const SqlDialect& dialect) {
+  std::vector<std::string> statements;
+  // The first version's indexes sorted text by bytes; the pipeline's replace them.
+  for (const char* old : {"ibo_number", "company", "status", "expert"}) {
+    statements.push_back("DROP INDEX IF EXISTS " + table + "_" + old);
+  }
+  for (const SummaryColumn column : SummaryColumns()) {
+    if (column == SummaryColumn::kId) continue;
+    std::string keys;
+    for (const std::string& sql : SqlColumnsOf(column)) {
+      keys += (keys.empty() ? "" : ", ") +
+              SortKey(sql, IsTextColumn(column) || column == SummaryColumn::kContact, dialect);
+    }
+    if (dialect.indexWithId) keys += ", id";
+    statements.push_back("CREATE INDEX IF NOT EXISTS " + table + "_by_" +
+                         SummaryColumnName(column) + " ON " + table + " (" + keys + ")");
+  }
+  return statements;
+}
+
+BuiltQuery BuildQuery(const IboQuery& query, const SqlDialect& dialect) {
+  std::vector<std::string> conditions;
+  std::vector<SqlValue> params;
+  AddSearch(query.search, conditions, params);
+  if (!query.statuses.empty()) {
+    std::string in;
+    for (const std::int32_t status : query.statuses) {
+      in += in.empty() ? "?" : ", ?";
+      params.emplace_back(std::int64_t{status});
+    }
+    conditions.push_back("status IN (" + in + ")");
+  }
+  if (!query.owner.empty()) {
+    conditions.push_back("owner = ?");
+    params.emplace_back(query.owner);
+  }
+  BuiltQuery built = Joined(std::move(conditions), std::move(params));
+  const char* direction = query.descending ? " DESC" : "";
+  const bool text = IsTextColumn(query.sort) || query.sort == SummaryColumn::kContact;
+  for (const std::string& sql : SqlColumnsOf(query.sort)) {
+    built.order +=
+        (built.order.empty() ? " ORDER BY " : ", ") + SortKey(sql, text, dialect) + direction;
+  }
+  // Rows that sort alike keep one order, so that pages neither repeat nor skip a row.
+  if (query.sort != SummaryColumn::kId) built.order += std::string(", id") + direction;
+  return built;
+}
+
+BuiltQuery BuildContactSearch(const std::string& search) {
+  std::vector<std::string> conditions;
+  std::vector<SqlValue> params;
+  AddSearch(search, conditions, params);
+  return Joined(std::move(conditions), std::move(params));
+}
+
+std::string ContactSearchText(const Contact& contact) {
+  return FoldForSearch(contact.first + " " + contact.last + " " + contact.company + " " +
+                       contact.email + " " + contact.phone);
+}
+
+}  // namespace pelkor::data_detail
