@@ -52,7 +52,11 @@ void CheckReadable(SQLite::Database& db, const std::string& refusal) {
   const std::string file = db.getFilename();
   std::error_code error;
   const auto size = file.empty() ? 0 : std::filesystem::file_size(file, error);
-  if (!error && !file.empty() && static_cast<std::int64_t>(size) < pages * pageSize) {
+  // Pages not yet folded back from the write-ahead log are not in the file.
+  std::error_code noLog;
+  const bool logHoldsPages = !file.empty() && std::filesystem::file_size(file + "-wal", noLog) > 0;
+  if (!error && !file.empty() && !logHoldsPages &&
+      static_cast<std::int64_t>(size) < pages * pageSize) {
     damaged("the file is shorter than its header says");
   }
   SQLite::Statement tables(db, "SELECT name FROM sqlite_master WHERE type = 'table'");

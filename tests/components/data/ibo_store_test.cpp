@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "data_test_support.h"
+#include "pipeline_checks.h"
 #include "team_editing.h"
 
 namespace pelkor {
@@ -136,6 +137,24 @@ TEST(IboStore, ASaveOverSomeoneElsesIsRefusedAndWritesNothing) {
 TEST(IboStore, EightEditorsSavingAtOnceLoseNothingSilently) {
   TempFolder folder;
   testing::ExpectEightEditorsLoseNothing(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
+TEST(IboStore, ThePipelineFindsSortsAndPagesItsDeals) {
+  TempFolder folder;
+  testing::ExpectPipelineFindsSortsAndPages(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
+TEST(IboStore, EightCreatorsAtOnceGetDifferentNumbers) {
+  TempFolder folder;
+  testing::ExpectEightCreatorsGetUniqueNumbers(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
+TEST(IboStore, ArchivingNeverOverridesASave) {
+  TempFolder folder;
+  testing::ExpectArchiveNeverOverridesASave(
       [path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 

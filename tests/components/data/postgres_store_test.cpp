@@ -6,6 +6,7 @@
 #include "data/ibo_store.h"
 #include "data/store_copy.h"
 #include "data_test_support.h"
+#include "pipeline_checks.h"
 #include "server_database.h"
 #include "team_editing.h"
 
@@ -121,6 +122,21 @@ TEST(ServerStore, FailedWritesLeaveTheTablesAsTheyWere) {
   // The connection is still good after a failed transaction.
   db->Write(IboTable::kMain, MakeIbo(6, "Six"));
   EXPECT_EQ(db->ListIbos().size(), 2u);
+}
+
+TEST(ServerStore, ThePipelineFindsSortsAndPagesItsDeals) {
+  ServerDatabase server;
+  testing::ExpectPipelineFindsSortsAndPages([&] { return OpenIboStore(server.Uri()); });
+}
+
+TEST(ServerStore, EightCreatorsAtOnceGetDifferentNumbers) {
+  ServerDatabase server;
+  testing::ExpectEightCreatorsGetUniqueNumbers([&] { return OpenIboStore(server.Uri()); });
+}
+
+TEST(ServerStore, ArchivingNeverOverridesASave) {
+  ServerDatabase server;
+  testing::ExpectArchiveNeverOverridesASave([&] { return OpenIboStore(server.Uri()); });
 }
 
 TEST(ServerStore, SchemaIsCheckedAndBroughtUpToDate) {

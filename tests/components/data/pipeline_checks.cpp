@@ -1,0 +1,205 @@
+#include "pipeline_checks.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <set>
+
+#include "data_test_support.h"
+#include "record/ibo_properties.h"
+
+namespace pelkor::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+IboQuery MainQuery() {
+  IboQuery query;
+  query.table = IboTable::kMain;
+  return query;
+}
+
+std::vector<std::string> Companies(const IboPage& page) {
+  std::vector<std::string> names;
+  for (const IboSummary& row : page.rows) names.push_back(row.company);
+  return names;
+}
+
+// A deal with a value, dates and a status, saved as the editor would.
+void Reshape(IIboStore& store, const CreatedIbo& created, int status, const std::string& products,
+             const std::string& wwih) {
+  const auto record = CreateIboProperties();
+  record->SetIboData(store.Read(IboTable::kMain, created.id));
+  record->Set("Status", status);
+  record->Set("Products", products);
+  record->Set("WwihDate", *pelkedit::Date::Parse(wwih));
+  store.Update(IboTable::kMain, created.id, record->GetIboData());
+}
+
+}  // namespace
+
+void ExpectPipelineFindsSortsAndPages(const Connect& connect) {
+  ::setenv("PELKOR_USER", "ann", 1);
+  const auto ann = connect();
+  ::setenv("PELKOR_USER", "bo", 1);
+  const auto bo = connect();
+  ::unsetenv("PELKOR_USER");
+
+  const CreatedIbo mueller = ann->CreateIbo(
+      {"  Müller Präzision GmbH ", "Jürgen", "Öztürk", true, pelkedit::Date::Parse("2027-01-15")});
+  const CreatedIbo acme = ann->CreateIbo({"acme 100% Steel", "Ada", "Zeller", false, {}});
+  const CreatedIbo zeta = bo->CreateIbo({"Zeta_Works", "Bo", "Ames", false, {}});
+  EXPECT_EQ(acme.number, mueller.number + 1);
+  EXPECT_THAT(ErrorOf([&] {
+                ann->CreateIbo({" ", "No", "Company", false, {}});
+              }).Description(),
+              HasSubstr("the customer's company is missing"));
+
+  Reshape(*ann, acme, 3, "2\tWidget\t10.50\n", "2026-03-01");
+  Reshape(*bo, zeta, 1, "1\tGadget\t99\n", "2026-12-24");
+
+  IboQuery query = MainQuery();
+  query.search = "MULLER ozturk";
+  IboPage page = ann->QueryIbos(query);
+  ASSERT_EQ(page.total, 1);
+  const IboSummary& found = page.rows.at(0);
+  EXPECT_EQ(found.company, "Müller Präzision GmbH");
+  EXPECT_TRUE(found.expert);
+  EXPECT_EQ(found.status, 1);
+  EXPECT_EQ(found.wwihDate, "2027-01-15");
+  EXPECT_EQ(found.owner, "ann");
+  EXPECT_EQ(found.savedBy, "ann");
+  EXPECT_EQ(found.savedAt.size(), std::string("YYYY-MM-DD HH:MM:SS").size());
+  query.search = std::to_string(zeta.number);
+  EXPECT_THAT(Companies(ann->QueryIbos(query)), ::testing::Contains("Zeta_Works"));
+  // Wildcards are letters to look for.
+  query.search = "100%";
+  EXPECT_EQ(Companies(ann->QueryIbos(query)), std::vector<std::string>{"acme 100% Steel"});
+  query.search = "e_1";
+  EXPECT_EQ(ann->QueryIbos(query).total, 0);
+  query.search = "_";
+  EXPECT_EQ(Companies(ann->QueryIbos(query)), std::vector<std::string>{"Zeta_Works"});
+
+  query = MainQuery();
+  query.sort = SummaryColumn::kCompany;
+  EXPECT_EQ(Companies(ann->QueryIbos(query)),
+            (std::vector<std::string>{"acme 100% Steel", "Müller Präzision GmbH", "Zeta_Works"}));
+  query.sort = SummaryColumn::kValue;
+  query.descending = true;
+  page = ann->QueryIbos(query);
+  EXPECT_EQ(Companies(page),
+            (std::vector<std::string>{"Zeta_Works", "acme 100% Steel", "Müller Präzision GmbH"}));
+  EXPECT_EQ(page.rows.at(1).value, 210000);  // 2 x 10.50, exact
+  query.statuses = {1};
+  query.owner = "ann";
+  EXPECT_EQ(Companies(ann->QueryIbos(query)), std::vector<std::string>{"Müller Präzision GmbH"});
+  query.owner = "bo";
+  EXPECT_EQ(Companies(ann->QueryIbos(query)), std::vector<std::string>{"Zeta_Works"});
+
+  // Every column sorts both ways, and a page at a time yields each deal once.
+  for (int i = 0; i < 7; ++i)
+    bo->CreateIbo({"Filler " + std::to_string(i % 3), "", "", i % 2 == 1, {}});
+  for (const SummaryColumn column : SummaryColumns()) {
+    for (const bool descending : {false, true}) {
+      query = MainQuery();
+      query.sort = column;
+      query.descending = descending;
+      query.limit = 3;
+      std::multiset<std::int32_t> seen;
+      for (query.offset = 0; query.offset < 12; query.offset += 3) {
+        page = ann->QueryIbos(query);
+        EXPECT_EQ(page.total, 10);
+        for (const IboSummary& row : page.rows) seen.insert(row.id);
+      }
+      EXPECT_EQ(seen.size(), 10u) << SummaryColumnName(column);
+      EXPECT_EQ(std::set<std::int32_t>(seen.begin(), seen.end()).size(), 10u)
+          << SummaryColumnName(column);
+    }
+  }
+}
+
+void ExpectEightCreatorsGetUniqueNumbers(const Connect& connect) {
+  constexpr int kCreators = 8;
+  constexpr int kEach = 10;
+  connect()->Write(IboTable::kArchive, MakeIbo(500, "Archived with a high id"));
+  std::vector<pid_t> children;
+  for (int i = 0; i < kCreators; ++i) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      int failures = 0;
+      try {
+        const auto store = connect();
+        for (int n = 0; n < kEach; ++n)
+          store->CreateIbo({"Creator " + std::to_string(i), "", "", false, {}});
+      } catch (...) {
+        failures = 1;
+      }
+      ::_exit(failures);
+    }
+    children.push_back(child);
+  }
+  for (const pid_t child : children) {
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  }
+  const std::vector<IboSummary> all = connect()->ListIbos(IboTable::kMain);
+  ASSERT_EQ(all.size(), static_cast<std::size_t>(kCreators * kEach));
+  std::set<std::int32_t> ids;
+  std::set<std::int32_t> numbers;
+  for (const IboSummary& ibo : all) {
+    ids.insert(ibo.id);
+    numbers.insert(ibo.iboNumber);
+    EXPECT_GT(ibo.id, 500);  // never an id the archive holds
+  }
+  EXPECT_EQ(ids.size(), all.size());
+  EXPECT_EQ(numbers.size(), all.size());
+}
+
+void ExpectArchiveNeverOverridesASave(const Connect& connect) {
+  const auto mine = connect();
+  const auto theirs = connect();
+  const CreatedIbo deal = mine->CreateIbo({"Harbor", "", "", false, {}});
+  const std::int64_t read = mine->FindVersioned(IboTable::kMain, deal.id)->version;
+  theirs->Update(IboTable::kMain, deal.id, MakeIbo(deal.id, "Harbor, renamed"));
+
+  const auto refused = ErrorOf([&] { mine->MoveIbo(IboTable::kMain, deal.id, read); });
+  EXPECT_THAT(refused.Description(), HasSubstr("someone saved it since you opened it, so nothing "
+                                               "was moved"));
+  EXPECT_EQ(CompanyOf(mine->Read(IboTable::kMain, deal.id)), "Harbor, renamed");
+  EXPECT_FALSE(mine->Find(IboTable::kArchive, deal.id).has_value());
+
+  const auto current = mine->FindVersioned(IboTable::kMain, deal.id)->version;
+  EXPECT_THAT(ErrorOf([&] { mine->DeleteArchived(deal.id); }).Description(),
+              HasSubstr("Only archived IBOs can be deleted: archive it first."));
+  mine->MoveIbo(IboTable::kMain, deal.id, current);
+  EXPECT_FALSE(mine->Find(IboTable::kMain, deal.id).has_value());
+  IboQuery archived;
+  archived.table = IboTable::kArchive;
+  const IboPage page = theirs->QueryIbos(archived);
+  ASSERT_EQ(page.total, 1);
+  EXPECT_EQ(page.rows.at(0).company, "Harbor, renamed");
+  EXPECT_EQ(page.rows.at(0).owner, CurrentUserName());
+  // An editor still open on the main table cannot write the deal back there.
+  EXPECT_THAT(ErrorOf([&] {
+                theirs->Update(IboTable::kMain, deal.id, MakeIbo(deal.id, "Late"), current + 1);
+              }).Description(),
+              HasSubstr("the IBO is no longer there"));
+
+  mine->MoveIbo(IboTable::kArchive, deal.id);
+  EXPECT_EQ(CompanyOf(theirs->Read(IboTable::kMain, deal.id)), "Harbor, renamed");
+  EXPECT_THAT(ErrorOf([&] { theirs->MoveIbo(IboTable::kArchive, deal.id); }).Description(),
+              HasSubstr("it is not in the archive table"));
+  mine->MoveIbo(IboTable::kMain, deal.id);
+  mine->DeleteArchived(deal.id);
+  EXPECT_FALSE(theirs->Find(IboTable::kArchive, deal.id).has_value());
+  EXPECT_THAT(ErrorOf([&] { mine->DeleteArchived(deal.id); }).Description(),
+              HasSubstr("the archive holds no IBO with that id"));
+}
+
+}  // namespace pelkor::testing

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "team_editing.h"
+
+namespace pelkor::testing {
+
+// New deals, then a pipeline over them: searches ignore case and accents and take their
+// wildcards literally, filters combine, every summary column sorts both ways, and pages
+// neither repeat nor skip a deal.
+void ExpectPipelineFindsSortsAndPages(const Connect& connect);
+
+// Eight processes, each with its own connection, create deals at once: every id and every IBO
+// number is different.
+void ExpectEightCreatorsGetUniqueNumbers(const Connect& connect);
+
+// Archive and restore move a deal whole between the tables, and refuse (moving nothing) one
+// saved by someone since it was read; only the archive's deals can be deleted.
+void ExpectArchiveNeverOverridesASave(const Connect& connect);
+
+}  // namespace pelkor::testing
