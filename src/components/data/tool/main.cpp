@@ -11,6 +11,7 @@
 #include "data/demo_seed.h"
 #include "data/ibo_store.h"
 #include "data/store_copy.h"
+#include "pipeline_commands.h"
 #include "record/ibo_properties.h"
 #include "values/error.h"
 
@@ -39,7 +40,7 @@ std::shared_ptr<pelkor::IIboStore> OpenExisting(const std::string& name) {
 void Seed(const std::string& name) {
   const auto db = pelkor::OpenIboStore(name);
   const int added = pelkor::SeedDemoData(*db);
-  const std::size_t total = db->ListIbos().size();
+  const std::int64_t total = pelkor::tool::CountIbos(*db);
   std::cout << "Seeded " << db->Location() << ": " << added << " IBO" << Plural(added) << " added, "
             << total << " in the database.\n";
 }
@@ -74,30 +75,13 @@ void ImportContacts(const std::string& name, const std::string& file) {
             << " already in the book, " << read.SkippedCount() << " skipped).\n";
 }
 
-void List(const std::string& name) {
-  const auto db = OpenExisting(name);
-  const auto record = pelkor::CreateIboProperties();  // for the status texts
-  const auto ibos = db->ListIbos();
-  if (ibos.empty()) {
-    std::cout << db->Location() << " holds no IBOs.\n";
-    return;
-  }
-  for (const pelkor::IboSummary& ibo : ibos) {
-    const char* table =
-        pelkor::IboTableName(ibo.archived ? pelkor::IboTable::kArchive : pelkor::IboTable::kMain);
-    std::printf("%6d  %-7s  IBO#%-6d  %-32s  %-9s  %s\n", ibo.id, table, ibo.iboNumber,
-                ibo.company.c_str(), record->StatusText(ibo.status).c_str(),
-                ibo.expert ? "expert" : "basic");
-  }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   CLI::App app{
-      "Create, seed, list and copy Pelkor IBO databases. A database is a SQLite file "
-      "or a PostgreSQL server's database named by a URI "
-      "(postgresql://user@host/dbname); where none is given, $PELKOR_DB names it.",
+      "Create, seed, list and copy Pelkor IBO databases, and create, archive, restore and "
+      "delete their deals. A database is a SQLite file or a PostgreSQL server's database named "
+      "by a URI (postgresql://user@host/dbname); where none is given, $PELKOR_DB names it.",
       "pelkor-db"};
   app.require_subcommand(1);
   std::string path;
@@ -107,13 +91,56 @@ int main(int argc, char** argv) {
         ->required();
   };
 
+  CLI::App* init = app.add_subcommand(
+      "init", "Create an empty database for real work (or bring an older one up to date).");
+  database(init);
   CLI::App* seed = app.add_subcommand(
       "seed", "Create the database if it is missing and add the demo opportunities it lacks.");
   database(seed);
-  CLI::App* list = app.add_subcommand("list",
-                                      "List every IBO: id, table, number, company, "
-                                      "status, mode.");
+
+  pelkor::tool::ListOptions listed;
+  CLI::App* list = app.add_subcommand(
+      "list", "List the deals of the main table (or the archive), a page of them or all.");
   database(list);
+  list->add_option("--search", listed.search,
+                   "Only deals whose number, company or contact holds every word (case and "
+                   "accents ignored)");
+  list->add_option("--status", listed.statuses, "open,won,lost,cancelled: any of these");
+  list->add_flag("--archive", listed.archive, "The archive instead of the main table");
+  list->add_option("--owner", listed.owner, "Only the deals this person created");
+  list->add_option("--sort", listed.sort,
+                   "COLUMN or COLUMN:desc; columns: id number company contact status mode "
+                   "priority advisor_priority wih wwgi wwih_date close_date result position "
+                   "value owner saved_at saved_by");
+  list->add_option("--offset", listed.offset, "Skip this many matching deals");
+  list->add_option("--limit", listed.limit, "At most this many deals");
+  list->add_option("--format", listed.format,
+                   "table (for people), csv (RFC 4180, UTF-8, for spreadsheets) or json");
+
+  pelkor::tool::NewOptions made;
+  CLI::App* create = app.add_subcommand(
+      "new", "Create an open deal with a new id and IBO number, and print them.");
+  database(create);
+  create->add_option("--company", made.company, "The customer's company")->required();
+  create->add_option("--first", made.first, "The contact's first name");
+  create->add_option("--last", made.last, "The contact's last name");
+  create->add_flag("--expert", made.expert, "Work the deal in expert mode");
+  create->add_option("--wwih", made.wwih, "When will it happen: YYYY-MM-DD");
+  create->add_option("--format", made.format, "table or json ({\"id\": N, \"number\": M})");
+
+  int id = 0;
+  bool confirmed = false;
+  const auto deal = [&](const char* name, const char* what) {
+    CLI::App* command = app.add_subcommand(name, what);
+    database(command);
+    command->add_option("ID", id, "The IBO's id")->required();
+    return command;
+  };
+  CLI::App* archive = deal("archive", "Move a deal from the main table into the archive.");
+  CLI::App* restore = deal("restore", "Move a deal from the archive back into the main table.");
+  CLI::App* remove = deal("delete", "Delete an archived deal for good (asks for --yes).");
+  remove->add_flag("--yes", confirmed, "Yes, delete it: this cannot be undone");
+
   std::string contacts;
   CLI::App* import = app.add_subcommand(
       "import-contacts",
@@ -125,9 +152,9 @@ int main(int argc, char** argv) {
   std::string target;
   CLI::App* copy = app.add_subcommand(
       "copy",
-      "Copy every IBO and contact of SOURCE into TARGET (created when missing). IBOs TARGET "
-      "already holds exactly so are skipped, so an interrupted copy can be run again; one it "
-      "holds differently stops the copy before anything is written.");
+      "Copy every IBO and contact of SOURCE into TARGET (created when missing), a batch at a "
+      "time. IBOs TARGET already holds exactly so are skipped, so an interrupted copy can be "
+      "run again; one it holds differently stops the copy there.");
   copy->add_option("SOURCE", path, "Database file or postgresql:// URI to copy from")->required();
   copy->add_option("TARGET", target, "Database file or postgresql:// URI to copy into")->required();
 
@@ -135,16 +162,27 @@ int main(int argc, char** argv) {
   try {
     if (seed->parsed()) {
       Seed(path);
+    } else if (init->parsed()) {
+      pelkor::tool::InitDatabase(path);
     } else if (copy->parsed()) {
       Copy(path, target);
     } else if (import->parsed()) {
       ImportContacts(path, contacts);
+    } else if (create->parsed()) {
+      pelkor::tool::CreateDeal(path, made);
+    } else if (archive->parsed() || restore->parsed()) {
+      pelkor::tool::MoveDeal(path, id, archive->parsed());
+    } else if (remove->parsed()) {
+      pelkor::tool::DeleteDeal(path, id, confirmed);
     } else {
-      List(path);
+      pelkor::tool::ListPipeline(path, listed);
     }
   } catch (const pelkedit::PelkError& error) {
     std::cerr << "pelkor-db: " << error.Description() << " (error " << error.Number() << ", "
               << error.Source() << ")\n";
+    return kExitFailure;
+  } catch (const std::invalid_argument& error) {
+    std::cerr << "pelkor-db: " << error.what() << "\n";
     return kExitFailure;
   }
   return 0;
