@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -27,6 +28,7 @@ constexpr const char* kServerVariable = "PELKOR_BENCH_PG";
 enum class Backend { kSqliteFile, kServer };
 
 constexpr std::int32_t kFirstFillerId = 100000;
+constexpr std::int64_t kPage = 50;
 
 // A file database in the temporary folder per size, made anew by the first benchmark that uses
 // it in this run.
@@ -68,6 +70,15 @@ std::shared_ptr<pelkor::IIboStore> Seeded(const std::string& name, std::int64_t 
   if (have >= size) return store;
   pelkor::SeedDemoData(*store);
   constexpr std::int64_t kBatch = 5000;
+  // Companies and people as varied as a real book: words mixed, accents among them.
+  constexpr std::array kWords = {"Acme",   "Globex",   "Initech", "Umbrella", "Stark",   "Wayne",
+                                 "Wonka",  "Hooli",    "Tyrell",  "Müller",   "Soylent", "Aperture",
+                                 "Oscorp", "Vandelay", "Piper",   "Ærø"};
+  constexpr std::array kFirst = {"Anna", "Bert", "Carl", "Dora", "Emil", "Jürgen", "Zoë"};
+  constexpr std::array kLast = {"Müller", "Smith", "Jones", "Brown", "Öztürk", "Nakamura"};
+  const auto pick = [](const auto& words, std::int64_t i) {
+    return std::string(words[static_cast<std::size_t>(i) % words.size()]);
+  };
   const auto record = pelkor::CreateIboProperties();
   for (std::int64_t from = have; from < size; from += kBatch) {
     std::vector<pelkor::IboEntry> ibos;
@@ -76,10 +87,16 @@ std::shared_ptr<pelkor::IIboStore> Seeded(const std::string& name, std::int64_t 
       const auto id = static_cast<std::int32_t>(kFirstFillerId + i);
       record->Set("IboId", id);
       record->Set("IboNumber", id);
-      record->Set("ContactCompany", "Filler Company " + std::to_string(i));
+      const std::string company =
+          pick(kWords, i) + " " + pick(kWords, i / 16 + 3) + " " + std::to_string(i % 977);
+      record->Set("ContactCompany", company);
+      record->Set("ContactFirstName", pick(kFirst, i / 3));
+      record->Set("ContactLastName", pick(kLast, i / 5));
+      record->Set("Status", static_cast<std::int32_t>(1 + i % 4));
+      record->Set("UserPriority", static_cast<std::int32_t>(1 + i % 5));
       ibos.push_back({pelkor::IboTable::kMain, record->GetIboData()});
-      contacts.push_back({0, "First" + std::to_string(i), "Last" + std::to_string(i),
-                          "Filler Company " + std::to_string(i), "", "", ""});
+      contacts.push_back(
+          {0, pick(kFirst, i) + std::to_string(i), pick(kLast, i / 7), company, "", "", ""});
     }
     store->AddMissing(ibos);
     store->AddContacts(contacts);
@@ -115,6 +132,42 @@ void BM_OpenStore(benchmark::State& state, Backend backend) {
   for (auto _ : state) benchmark::DoNotOptimize(pelkor::OpenIboStore(name));
 }
 
+// The pipeline's first page, as the desktop asks for it: open deals by company.
+void BM_PipelineFirstPage(benchmark::State& state, Backend backend) {
+  const auto store = Seeded(DatabaseName(state, backend), state.range(0));
+  if (!store) return;
+  pelkor::IboQuery query;
+  query.table = pelkor::IboTable::kMain;
+  query.statuses = {1};
+  query.sort = pelkor::SummaryColumn::kCompany;
+  query.limit = kPage;
+  for (auto _ : state) benchmark::DoNotOptimize(store->QueryIbos(query));
+}
+
+// One keystroke in the pipeline's search box: the first page of what matches and the count.
+// "a" matches nearly everything, "umbrella 5" some hundreds, "zzq" nothing (every row looked at).
+void BM_PipelineSearch(benchmark::State& state, Backend backend, const char* text) {
+  const auto store = Seeded(DatabaseName(state, backend), state.range(0));
+  if (!store) return;
+  pelkor::IboQuery query;
+  query.table = pelkor::IboTable::kMain;
+  query.search = text;
+  query.sort = pelkor::SummaryColumn::kValue;
+  query.descending = true;
+  query.limit = kPage;
+  for (auto _ : state) benchmark::DoNotOptimize(store->QueryIbos(query));
+}
+
+// One keystroke in the contact look-up.
+void BM_ContactSearch(benchmark::State& state, Backend backend, const char* text) {
+  const auto store = Seeded(DatabaseName(state, backend), state.range(0));
+  if (!store) return;
+  pelkor::ContactQuery query;
+  query.search = text;
+  query.limit = kPage;
+  for (auto _ : state) benchmark::DoNotOptimize(store->SearchContacts(query));
+}
+
 constexpr std::int64_t kSmall = 1000;
 constexpr std::int64_t kLarge = 100000;
 
@@ -124,5 +177,33 @@ BENCHMARK_CAPTURE(BM_SaveIbo, sqlite_file, Backend::kSqliteFile)->Arg(kSmall)->A
 BENCHMARK_CAPTURE(BM_SaveIbo, postgresql, Backend::kServer)->Arg(kSmall)->Arg(kLarge);
 BENCHMARK_CAPTURE(BM_OpenStore, sqlite_file, Backend::kSqliteFile)->Arg(kSmall)->Arg(kLarge);
 BENCHMARK_CAPTURE(BM_OpenStore, postgresql, Backend::kServer)->Arg(kSmall)->Arg(kLarge);
+BENCHMARK_CAPTURE(BM_PipelineFirstPage, sqlite_file, Backend::kSqliteFile)
+    ->Arg(kSmall)
+    ->Arg(kLarge)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_PipelineFirstPage, postgresql, Backend::kServer)
+    ->Arg(kSmall)
+    ->Arg(kLarge)
+    ->Unit(benchmark::kMillisecond);
+#define PELK_SEARCH_BENCH(name, text)                                             \
+  BENCHMARK_CAPTURE(BM_PipelineSearch, sqlite_##name, Backend::kSqliteFile, text) \
+      ->Arg(kSmall)                                                               \
+      ->Arg(kLarge)                                                               \
+      ->Unit(benchmark::kMillisecond);                                            \
+  BENCHMARK_CAPTURE(BM_PipelineSearch, postgresql_##name, Backend::kServer, text) \
+      ->Arg(kSmall)                                                               \
+      ->Arg(kLarge)                                                               \
+      ->Unit(benchmark::kMillisecond);                                            \
+  BENCHMARK_CAPTURE(BM_ContactSearch, sqlite_##name, Backend::kSqliteFile, text)  \
+      ->Arg(kSmall)                                                               \
+      ->Arg(kLarge)                                                               \
+      ->Unit(benchmark::kMillisecond);                                            \
+  BENCHMARK_CAPTURE(BM_ContactSearch, postgresql_##name, Backend::kServer, text)  \
+      ->Arg(kSmall)                                                               \
+      ->Arg(kLarge)                                                               \
+      ->Unit(benchmark::kMillisecond)
+PELK_SEARCH_BENCH(broad, "a");
+PELK_SEARCH_BENCH(some, "umbrella 5");
+PELK_SEARCH_BENCH(none, "zzq");
 
 }  // namespace

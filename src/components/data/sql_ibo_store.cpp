@@ -6,11 +6,6 @@ namespace {
 using pelkedit::Blob;
 
 constexpr const char* kContactColumns = "id, first_name, last_name, company, address, phone, email";
-// Byte order: both backends list the same book the same way.
-std::string ContactOrder(const SqlDialect& dialect) {
-  return std::string(" ORDER BY last_name") + dialect.byteOrder + ", first_name" +
-         dialect.byteOrder + ", id";
-}
 
 std::string Marks(std::size_t count) {
   std::string marks;
@@ -150,16 +145,16 @@ std::vector<IboSummary> SqlIboStore::ListIbos(std::optional<IboTable> only) {
 std::vector<Contact> SqlIboStore::ListContacts() {
   std::lock_guard lock(mutex_);
   std::vector<Contact> list;
-  sql_->QueryAlone(
-      "Cannot list the contacts of " + Location(),
-      std::string("SELECT ") + kContactColumns + " FROM contacts" + ContactOrder(sql_->Dialect()),
-      {}, [&](const SqlRow& row) { list.push_back(ContactOf(row)); });
+  sql_->QueryAlone("Cannot list the contacts of " + Location(),
+                   std::string("SELECT ") + kContactColumns + " FROM contacts" +
+                       BuildContactSearch("", sql_->Dialect()).order,
+                   {}, [&](const SqlRow& row) { list.push_back(ContactOf(row)); });
   return list;
 }
 
 std::pair<std::vector<Contact>, std::int64_t> SqlIboStore::SearchContacts(
     const ContactQuery& query) {
-  const BuiltQuery built = BuildContactSearch(query.search);
+  const BuiltQuery built = BuildContactSearch(query.search, sql_->Dialect());
   std::vector<SqlValue> page = built.params;
   page.insert(page.end(), {query.limit, query.offset});
   std::lock_guard lock(mutex_);
@@ -167,9 +162,8 @@ std::pair<std::vector<Contact>, std::int64_t> SqlIboStore::SearchContacts(
   sql_->Transaction("Cannot search the contacts of " + Location(), false, [&] {
     sql_->Query("SELECT count(*) FROM contacts" + built.where, built.params,
                 [&](const SqlRow& row) { found.second = row.Int64(0); });
-    sql_->Query(std::string("SELECT ") + kContactColumns + " FROM contacts" + built.where +
-                    ContactOrder(sql_->Dialect()) + " LIMIT ? OFFSET ?",
-                page, [&](const SqlRow& row) { found.first.push_back(ContactOf(row)); });
+    sql_->Query(PageSql(kContactColumns, "contacts", built, found.second), page,
+                [&](const SqlRow& row) { found.first.push_back(ContactOf(row)); });
   });
   return found;
 }

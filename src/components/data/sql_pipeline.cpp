@@ -52,9 +52,8 @@ IboPage SqlIboStore::QueryIbos(const IboQuery& query) {
   sql_->Transaction("Cannot list the IBOs of " + Location(), false, [&] {
     sql_->Query("SELECT count(*) FROM " + table + built.where, built.params,
                 [&](const SqlRow& row) { result.total = row.Int64(0); });
-    sql_->Query("SELECT " + SummarySelectList() + " FROM " + table + built.where + built.order +
-                    " LIMIT ? OFFSET ?",
-                page, [&](const SqlRow& row) {
+    sql_->Query(PageSql(SummarySelectList(), table, built, result.total), page,
+                [&](const SqlRow& row) {
                   result.rows.push_back(ReadSummary(row, query.table == IboTable::kArchive));
                 });
   });

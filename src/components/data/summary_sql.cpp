@@ -90,9 +90,10 @@ BuiltQuery Joined(std::vector<std::string> conditions, std::vector<SqlValue> par
 
 }  // namespace
 
-const SqlDialect kSqliteDialect = {"", " COLLATE NOCASE", "", false, "INTEGER", "REAL", "INTEGER"};
-const SqlDialect kPostgresDialect = {"lower(",           ")",     " COLLATE \"C\"", true, "integer",
-                                     "double precision", "bigint"};
+const SqlDialect kSqliteDialect = {"",    " COLLATE NOCASE", "",     "+",
+                                   false, "INTEGER",         "REAL", "INTEGER"};
+const SqlDialect kPostgresDialect = {"lower(", ")",       " COLLATE \"C\"",   "",
+                                     true,     "integer", "double precision", "bigint"};
 
 std::vector<SqlValue> RecordValues(const IboRow& row) {
   const IboSummary& s = row.summary;
@@ -157,38 +158,68 @@ std::vector<std::string> SummaryIndexes(const std::string& table, const SqlDiale
 }
 
 BuiltQuery BuildQuery(const IboQuery& query, const SqlDialect& dialect) {
-  std::vector<std::string> conditions;
-  std::vector<SqlValue> params;
-  AddSearch(query.search, conditions, params);
-  if (!query.statuses.empty()) {
-    std::string in;
-    for (const std::int32_t status : query.statuses) {
-      in += in.empty() ? "?" : ", ?";
-      params.emplace_back(std::int64_t{status});
+  // The same conditions twice: once as the filter's indexes can serve them, once hidden from
+  // those indexes so that the sort's index is walked instead.
+  const auto conditions = [&](const char* hint, std::vector<SqlValue>& params) {
+    std::vector<std::string> all;
+    AddSearch(query.search, all, params);
+    if (!query.statuses.empty()) {
+      std::string in;
+      for (const std::int32_t status : query.statuses) {
+        in += in.empty() ? "?" : ", ?";
+        params.emplace_back(std::int64_t{status});
+      }
+      all.push_back(std::string(hint) + "status IN (" + in + ")");
     }
-    conditions.push_back("status IN (" + in + ")");
-  }
-  if (!query.owner.empty()) {
-    conditions.push_back("owner = ?");
-    params.emplace_back(query.owner);
-  }
-  BuiltQuery built = Joined(std::move(conditions), std::move(params));
+    if (!query.owner.empty()) {
+      all.push_back(std::string(hint) + "owner = ?");
+      params.emplace_back(query.owner);
+    }
+    return all;
+  };
+  std::vector<SqlValue> params;
+  std::vector<std::string> filter = conditions("", params);
+  BuiltQuery built = Joined(std::move(filter), std::move(params));
+  std::vector<SqlValue> same;
+  built.whereBySort = Joined(conditions(dialect.offIndex, same), {}).where;
   const char* direction = query.descending ? " DESC" : "";
   const bool text = IsTextColumn(query.sort) || query.sort == SummaryColumn::kContact;
   for (const std::string& sql : SqlColumnsOf(query.sort)) {
-    built.order +=
-        (built.order.empty() ? " ORDER BY " : ", ") + SortKey(sql, text, dialect) + direction;
+    const std::string key = SortKey(sql, text, dialect) + direction;
+    built.order += (built.order.empty() ? " ORDER BY " : ", ") + key;
+    built.orderInMemory +=
+        (built.orderInMemory.empty() ? " ORDER BY " : ", ") + std::string(dialect.offIndex) + key;
   }
   // Rows that sort alike keep one order, so that pages neither repeat nor skip a row.
-  if (query.sort != SummaryColumn::kId) built.order += std::string(", id") + direction;
+  if (query.sort != SummaryColumn::kId) {
+    built.order += std::string(", id") + direction;
+    built.orderInMemory += std::string(", id") + direction;
+  }
   return built;
 }
 
-BuiltQuery BuildContactSearch(const std::string& search) {
+BuiltQuery BuildContactSearch(const std::string& search, const SqlDialect& dialect) {
   std::vector<std::string> conditions;
   std::vector<SqlValue> params;
   AddSearch(search, conditions, params);
-  return Joined(std::move(conditions), std::move(params));
+  BuiltQuery built = Joined(conditions, std::move(params));
+  built.whereBySort = built.where;
+  const std::string order =
+      std::string("last_name") + dialect.byteOrder + ", first_name" + dialect.byteOrder + ", id";
+  built.order = " ORDER BY " + order;
+  built.orderInMemory = std::string(" ORDER BY ") + dialect.offIndex + order;
+  return built;
+}
+
+std::string PageSql(const std::string& columns, const std::string& table, const BuiltQuery& built,
+                    std::int64_t matches) {
+  if (matches > kSortApartUpTo) {
+    return "SELECT " + columns + " FROM " + table + built.whereBySort + built.order +
+           " LIMIT ? OFFSET ?";
+  }
+  // The ids come from the narrowest index that holds the filter's columns.
+  return "SELECT " + columns + " FROM " + table + " WHERE id IN (SELECT id FROM " + table +
+         built.where + ")" + built.orderInMemory + " LIMIT ? OFFSET ?";
 }
 
 std::string ContactSearchText(const Contact& contact) {

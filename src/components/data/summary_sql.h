@@ -18,6 +18,10 @@ struct SqlDialect {
   const char* textKeyAfter;
   // After a text column in ORDER BY: the order of its bytes, the same on both backends.
   const char* byteOrder;
+  // Before a column in a condition or an ORDER BY term: keeps the planner from using the
+  // column's index for it ("+" on SQLite, whose planner has no statistics to choose by; "" on
+  // the server, whose planner has).
+  const char* offIndex;
   // Whether a sort index names the id after the column (SQLite's indexes carry it anyway).
   bool indexWithId;
   // Database-specific type names for the columns added beside the record.
@@ -86,16 +90,27 @@ std::vector<std::string> AddSummaryColumns(const std::string& table, const SqlDi
 // Indexes a pipeline sorts and filters by.
 std::vector<std::string> SummaryIndexes(const std::string& table, const SqlDialect& dialect);
 
-// The WHERE and ORDER BY of a pipeline query, with `?` for each parameter in `params`.
+// The WHERE and ORDER BY of a pipeline query, with `?` for each parameter in `params`, in two
+// plans: few matching rows are found through the filter and sorted (`where`, `orderInMemory`);
+// many are walked in the sort's index order until a page is full (`whereBySort`, `order`).
 struct BuiltQuery {
   std::string where;  // "" or " WHERE ..."
+  std::string whereBySort;
   std::string order;  // " ORDER BY ..."
+  std::string orderInMemory;
   std::vector<SqlValue> params;
 };
 BuiltQuery BuildQuery(const IboQuery& query, const SqlDialect& dialect);
 
-// The WHERE of a contact search, with `?` parameters.
-BuiltQuery BuildContactSearch(const std::string& search);
+// A contact search, in the same two plans, by last and first name.
+BuiltQuery BuildContactSearch(const std::string& search, const SqlDialect& dialect);
+
+// Up to this many matches are sorted apart; more are read in the sort's index order.
+inline constexpr std::int64_t kSortApartUpTo = 5000;
+
+// The SELECT of a page of `columns` from `table` under the plan `matches` calls for.
+std::string PageSql(const std::string& columns, const std::string& table, const BuiltQuery& built,
+                    std::int64_t matches);
 
 // What a contact's search column holds.
 std::string ContactSearchText(const Contact& contact);
