@@ -14,15 +14,17 @@
 #include "app/editor_environment.h"
 #include "app/first_paint.h"
 #include "app/host_window.h"
-#include "app/open_ibo_dialog.h"
 #include "app/screenshots.h"
 #include "app/window_placement.h"
 #include "data/demo_seed.h"
+#include "pipeline/pipeline_screenshots.h"
+#include "pipeline/pipeline_window.h"
 
 namespace {
 
 using pelkor::desktop::EditorEnvironment;
 using pelkor::desktop::HostWindow;
+using pelkor::desktop::PipelineWindow;
 
 constexpr const char* kScreenshotsOption = "--screenshots";
 
@@ -77,13 +79,6 @@ void PreferOffscreenForScreenshots(int argc, char** argv) {
   }
 }
 
-// The first IBO of the main table.
-std::optional<std::int32_t> FirstIbo(EditorEnvironment& environment) {
-  const auto ibos = environment.Db()->ListIbos(pelkor::IboTable::kMain);
-  if (ibos.empty()) return std::nullopt;
-  return ibos.front().id;
-}
-
 int Run(const Options& options) {
   const bool useDefault = options.db.empty();
   const std::string dbPath = useDefault ? pelkor::desktop::DefaultDatabasePath() : options.db;
@@ -100,13 +95,13 @@ int Run(const Options& options) {
       {dbPath, pelkor::desktop::DefaultTraceLogPath(),
        useDefault ? pelkor::StoreOpening::kCreateIfMissing : pelkor::StoreOpening::kExistingOnly});
   try {
+    // Opening checks the database; nothing is listed until the pipeline shows a page.
     if (useDefault) pelkor::SeedDemoData(*environment.Db());
-    environment.Db()->ListIbos();
+    environment.Db();
   } catch (const pelkedit::PelkError& error) {
     return StartUpFailure(options, QString::fromStdString(error.Description()));
   }
 
-  HostWindow window(environment);
   if (!options.screenshots.empty()) {
     // Nobody is there to answer: messages go to the error stream and take their safe answer.
     environment.Platform().SetMessageHook([](const pelkor::desktop::QtPlatform::Message& message) {
@@ -115,31 +110,47 @@ int Run(const Options& options) {
       return message.buttons == pelkedit::MsgButtons::kOk ? pelkedit::MsgAnswer::kOk
                                                           : pelkedit::MsgAnswer::kCancel;
     });
-    window.show();
-    const std::int32_t view =
-        options.ibo ? ViewOf(environment, *options.ibo, options.view) : pelkedit::view::kMain;
-    const QStringList files = pelkor::desktop::WriteScreenshots(
-        window, environment, QString::fromStdString(options.screenshots), options.ibo, view);
+    QStringList files;
+    {
+      HostWindow window(environment);
+      window.show();
+      const std::int32_t view =
+          options.ibo ? ViewOf(environment, *options.ibo, options.view) : pelkedit::view::kMain;
+      files = pelkor::desktop::WriteScreenshots(
+          window, environment, QString::fromStdString(options.screenshots), options.ibo, view);
+    }
+    if (!options.ibo) {
+      PipelineWindow pipeline(environment);
+      files << pelkor::desktop::WritePipelineScreenshots(
+          pipeline, QString::fromStdString(options.screenshots));
+    }
     QTextStream out(stdout);
     out << "Screenshots (" << files.size() << ") written to "
         << QFileInfo(QString::fromStdString(options.screenshots)).absoluteFilePath() << ":\n";
     for (const QString& file : files) out << "  " << QFileInfo(file).fileName() << "\n";
     return EXIT_SUCCESS;
   }
-  const std::optional<std::int32_t> ibo = options.ibo ? options.ibo : FirstIbo(environment);
-  pelkor::desktop::RestorePlacement(window);
-  window.show();
-  if (options.measureStart) new pelkor::desktop::QuitAfterFirstPaint(window);
-  // An IBO that cannot be shown has been reported; the user picks another.
-  if (!ibo || !window.OpenIbo(*ibo, ViewOf(environment, *ibo, options.view))) window.ChooseIbo();
+  // The pipeline is the home; with --ibo the editor opens at once and the pipeline waits until
+  // the user asks for it.
+  PipelineWindow pipeline(environment);
+  pelkor::desktop::RestorePlacement(pipeline);
+  QWidget* first = &pipeline;
+  if (options.ibo) {
+    const std::int32_t view = ViewOf(environment, *options.ibo, options.view);
+    pipeline.OpenDeal(*options.ibo, view == pelkedit::view::kArchive);
+    // An IBO that cannot be shown has been reported; the user picks another.
+    if (pipeline.Editor() != nullptr) first = pipeline.Editor();
+  }
+  if (first == &pipeline) pipeline.show();
+  if (options.measureStart) new pelkor::desktop::QuitAfterFirstPaint(*first);
   if (!environment.AdvisorProblem().empty()) {
-    QMessageBox::warning(&window, "Pelkor",
+    QMessageBox::warning(first, "Pelkor",
                          "The advisor's rules cannot be used, so the Sales Advisor gives no advice "
                          "until the rule file is repaired.\n\n" +
                              QString::fromStdString(environment.AdvisorProblem()));
   }
   const int result = QApplication::exec();
-  pelkor::desktop::SavePlacement(window);
+  if (pipeline.isVisible() || first == &pipeline) pelkor::desktop::SavePlacement(pipeline);
   return result;
 }
 
@@ -154,7 +165,8 @@ int main(int argc, char** argv) {
                  "database file or postgresql:// URI (default: $PELKOR_DB, else the demo "
                  "database)")
       ->envname(pelkor::kDatabaseVariable);
-  cli.add_option("--ibo", options.ibo, "IBO id (default: the first IBO of the main table)");
+  cli.add_option("--ibo", options.ibo,
+                 "open this IBO in the editor at once (default: the pipeline)");
   cli.add_option("--view", options.view,
                  "view code: 0 to 2 main table, 3 archive (default: where the IBO is)")
       ->check(CLI::Range(0, pelkedit::view::kArchive));

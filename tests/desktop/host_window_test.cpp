@@ -14,7 +14,6 @@
 
 #include "app/editor_environment.h"
 #include "app/host_window.h"
-#include "app/open_ibo_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "app/window_placement.h"
 #include "binding/date_widgets.h"
@@ -159,32 +158,19 @@ class HostWindowTest : public QObject {
     Host host;
     QVERIFY(host.Open(kExpertIbo));
     ClickOption(host.Qt<QRadioButton>("optWihLow"));
-    const auto pickFromList = [](std::int32_t id) {
-      QTimer::singleShot(0, [id] {
-        auto* dialog =
-            qobject_cast<pelkor::desktop::OpenIboDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog != nullptr);
-        QTableWidget* table = dialog->Table();
-        const auto rows = table->findItems(QString::number(id), Qt::MatchExactly);
-        QVERIFY(!rows.isEmpty());
-        table->setCurrentCell(rows.front()->row(), 0);
-        QTest::keyClick(table, Qt::Key_Return);
-      });
-    };
-
     host.answers = {MsgAnswer::kCancel};
-    pickFromList(kBasicIbo);
-    host.window->ChooseIbo();
+    QVERIFY(!host.window->SwitchTo(kBasicIbo, pelkedit::view::kMain));
     QCOMPARE(host.messages.size(), std::size_t(1));
     QVERIFY(host.window->Component()->IboChanged());
     QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
     QCOMPARE(host.window->ModeText(), QString("Expert mode"));
+    QCOMPARE(host.window->IboId(), kExpertIbo);
 
     host.answers = {MsgAnswer::kNo};
-    pickFromList(kBasicIbo);
-    host.window->ChooseIbo();
+    QVERIFY(host.window->SwitchTo(kBasicIbo, pelkedit::view::kMain));
     QCOMPARE(host.messages.size(), std::size_t(2));
     QCOMPARE(host.window->ModeText(), QString("Basic mode"));
+    QCOMPARE(host.window->IboId(), kBasicIbo);
     QVERIFY(!host.window->Component()->IboChanged());
     QVERIFY(host.Qt<QRadioButton>("optWihMedium")->isChecked());
     QCOMPARE(host.Stored(kExpertIbo)->Get("WIH").AsLong(), kWihHigh);

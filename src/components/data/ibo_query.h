@@ -97,6 +97,15 @@ struct CreatedIbo {
   std::int32_t number = 0;
 };
 
+// The open deals' value by the month they are expected to happen and by their matrix cell.
+struct ForecastBucket {
+  std::string month;  // "YYYY-MM"; "overdue" for a date before today; "" for none
+  std::int32_t wih = 0;
+  std::int32_t wwgi = 0;
+  std::int64_t value = 0;  // ten-thousandths
+  std::int64_t deals = 0;
+};
+
 // A page of the contact book matching a search.
 struct ContactQuery {
   std::string search;

@@ -140,6 +140,20 @@ void SqlIboStore::DeleteArchived(std::int32_t id) {
   });
 }
 
+std::vector<ForecastBucket> SqlIboStore::Forecast(const std::string& today) {
+  std::lock_guard lock(mutex_);
+  std::vector<ForecastBucket> buckets;
+  sql_->QueryAlone(
+      "Cannot sum up the deals of " + Location(),
+      "SELECT CASE WHEN wwih_date = '' THEN '' WHEN wwih_date < ? THEN 'overdue'"
+      " ELSE substr(wwih_date, 1, 7) END AS month, wih, wwgi, sum(value), count(*)"
+      " FROM ibo_main WHERE status = ? GROUP BY 1, 2, 3",
+      {today, std::int64_t{kStatusOpen}}, [&](const SqlRow& row) {
+        buckets.push_back({row.Text(0), row.Int(1), row.Int(2), row.Int64(3), row.Int64(4)});
+      });
+  return buckets;
+}
+
 std::vector<StoredIbo> SqlIboStore::StoredRows(IboTable table, const std::string& sql,
                                                const std::vector<SqlValue>& params) {
   std::lock_guard lock(mutex_);

@@ -4,23 +4,19 @@
 
 #include "app/host_help.h"
 
-#include "app/open_ibo_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "record/ibo_properties.h"
 
 namespace pelkor::desktop {
 
 void HostWindow::ChooseIbo() {
-  std::vector<IboSummary> ibos;
-  if (!HostCall([&] { ibos = environment_.Db()->ListIbos(); })) return;
-  QString source;
-  HostCall([&] { source = QString::fromStdString(environment_.Db()->Location()); });
-  OpenIboDialog dialog(ibos, source, this);
-  if (dialog.exec() != QDialog::Accepted) return;
-  const auto chosen = dialog.Chosen();
-  if (!chosen) return;
-  if (!ReleaseCurrent()) return;
-  OpenIbo(chosen->id, chosen->archived ? pelkedit::view::kArchive : pelkedit::view::kMain);
+  // Deals are found in the pipeline, searched and sorted by the database.
+  if (pipelineOpener_) pipelineOpener_();
+}
+
+bool HostWindow::SwitchTo(std::int32_t iboId, std::int32_t view) {
+  if (!ReleaseCurrent()) return false;
+  return OpenIbo(iboId, view);
 }
 
 void HostWindow::ChangeStartDate() {

@@ -181,7 +181,8 @@ HostWindow::~HostWindow() {
 
 void HostWindow::BuildMenus() {
   QMenu* file = menuBar()->addMenu(tr("&File"));
-  QAction* open = file->addAction(tr("&Open IBO..."), this, &HostWindow::ChooseIbo);
+  QAction* open =
+      file->addAction(tr("&Open IBO from the Pipeline..."), this, &HostWindow::ChooseIbo);
   open->setShortcut(QKeySequence::Open);
   file->addSeparator();
   QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
@@ -254,7 +255,7 @@ void HostWindow::ShowNothingOpen() {
   empty->setObjectName("frmNoIbo");
   empty->setMinimumSize(kFormWidth, kFormHeight);
   auto* text = new QLabel(tr("No IBO is open."), empty);
-  auto* open = new QPushButton(tr("&Open IBO..."), empty);
+  auto* open = new QPushButton(tr("&Open IBO from the Pipeline..."), empty);
   connect(open, &QPushButton::clicked, this, &HostWindow::ChooseIbo);
   auto* layout = new QVBoxLayout(empty);
   layout->addStretch();

@@ -41,6 +41,14 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   // page no longer shown.
   void FocusFirstOfShownPage();
 
+  // Closes the IBO shown (asking about unsaved edits as closing would) and shows another;
+  // false when the user keeps the one shown, or the other cannot be loaded.
+  bool SwitchTo(std::int32_t iboId, std::int32_t view);
+  std::int32_t IboId() const { return component_ ? iboId_ : 0; }
+  std::int32_t View() const { return view_; }
+  // What File > Open IBO does: shows the pipeline to pick a deal from.
+  void SetPipelineOpener(std::function<void()> opener) { pipelineOpener_ = std::move(opener); }
+
   // The host's menu commands.
   void ChooseIbo();
   void ChangeStartDate();
@@ -96,6 +104,7 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   int savesRefusedSeen_ = 0;
   // Set while the component's own close request (after Save or Cancel) is being handled.
   bool closeRequested_ = false;
+  std::function<void()> pipelineOpener_;
 };
 
 // The text of an error for a message box: number, source and description.

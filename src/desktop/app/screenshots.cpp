@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "app/host_window.h"
-#include "app/open_ibo_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
@@ -215,7 +214,9 @@ QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
   if (iboId) return ShootIbo(window, dir, *iboId, view);
   std::vector<std::int32_t> experts;
   std::optional<std::int32_t> basic;
-  for (const IboSummary& ibo : environment.Db()->ListIbos(IboTable::kMain)) {
+  IboQuery first;
+  first.table = IboTable::kMain;
+  for (const IboSummary& ibo : environment.Db()->QueryIbos(first).rows) {
     if (ibo.expert) experts.push_back(ibo.id);
     if (!ibo.expert && !basic) basic = ibo.id;
   }

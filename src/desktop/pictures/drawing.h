@@ -43,6 +43,8 @@ struct TabBand {
 
 QPixmap DrawTabStrip(const std::vector<TabBand>& tabs, int width, int height, int selected);
 QPixmap DrawPriority(int priority, bool advisor);
+// What the priority picture says of a priority: "1" to "3", or its phrase.
+QString PriorityText(int priority);
 QPixmap DrawMatrix();
 QPixmap DrawMarkerSquare(int resourceId);
 QPixmap DrawSalesCycle();

@@ -16,12 +16,6 @@ constexpr int kPhraseMinPixelSize = 14;
 constexpr int kCaptionPixelSize = 11;
 constexpr int kCaptionHeight = 18;
 
-QString PriorityText(int priority) {
-  static const QStringList texts{"1", "2", "3", "Break Through Needed", "Leave it alone"};
-  if (priority < 1 || priority > texts.size()) return "?";
-  return texts[priority - 1];
-}
-
 // The largest font in which the phrase, wrapped at word boundaries, fits the box.
 QFont FitWrapped(const QString& text, const QRect& box) {
   QFont font = UiFont(kPhrasePixelSize, true);
@@ -35,6 +29,12 @@ QFont FitWrapped(const QString& text, const QRect& box) {
 }
 
 }  // namespace
+
+QString PriorityText(int priority) {
+  static const QStringList texts{"1", "2", "3", "Break Through Needed", "Leave it alone"};
+  if (priority < 1 || priority > texts.size()) return "?";
+  return texts[priority - 1];
+}
 
 QPixmap DrawPriority(int priority, bool advisor) {
   QPixmap pixmap(kSide, kSide);

@@ -1,0 +1,49 @@
+#include "pipeline/pipeline_screenshots.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTableView>
+
+#include "pipeline/new_deal_dialog.h"
+#include "pipeline/pipeline_pictures.h"
+#include "pipeline/pipeline_window.h"
+
+namespace pelkor::desktop {
+namespace {
+
+QString Save(QWidget& widget, const QDir& folder, const QString& name) {
+  QApplication::processEvents();
+  const QString path = folder.filePath(name);
+  if (!widget.grab().save(path)) throw std::runtime_error("cannot write " + path.toStdString());
+  return path;
+}
+
+}  // namespace
+
+QStringList WritePipelineScreenshots(PipelineWindow& pipeline, const QString& folder) {
+  const QDir dir(folder);
+  QStringList written;
+  pipeline.show();
+  pipeline.ShowArchive(false);
+  written << Save(pipeline, dir, "pipeline-main.png");
+  written << Save(*pipeline.Matrix(), dir, "pipeline-matrix.png");
+  written << Save(*pipeline.Forecast(), dir, "pipeline-forecast.png");
+  pipeline.Search()->setText("harbor");
+  pipeline.ApplyFilters();
+  written << Save(pipeline, dir, "pipeline-search.png");
+  pipeline.Search()->clear();
+  pipeline.ApplyFilters();
+  pipeline.ShowArchive(true);
+  written << Save(pipeline, dir, "pipeline-archive.png");
+  pipeline.ShowArchive(false);
+
+  NewDealDialog dialog(pipeline.Environment().Db(), &pipeline);
+  dialog.Company()->setText("Acme Robotics");
+  dialog.show();
+  written << Save(dialog, dir, "new-ibo.png");
+  return written;
+}
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,460 @@
+#include "pipeline/pipeline_window.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProcess>
+#include <QPushButton>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTableView>
+#include <fstream>
+
+#include "data/summary_export.h"
+#include "pipeline/new_deal_dialog.h"
+#include "pipeline/pipeline_pictures.h"
+
+namespace pelkor::desktop {
+namespace {
+
+// Keystrokes closer together than this are one search.
+constexpr int kTypingPauseMs = 150;
+// The matrix draws the largest open deals, as many as stay readable.
+constexpr std::int64_t kMatrixDeals = 300;
+// Rows read at a time while exporting.
+constexpr std::int64_t kExportPage = 1000;
+constexpr const char* kAppTitle = "Pelkor";
+// Places in the status filter.
+constexpr int kOpenDeals = 0;
+constexpr int kAllStatuses = 5;
+
+struct StatusFilter {
+  const char* caption;
+  std::vector<std::int32_t> statuses;
+};
+const std::vector<StatusFilter>& StatusFilters() {
+  static const std::vector<StatusFilter> filters = {{"Open", {1}},         {"Won", {2}},
+                                                    {"Lost", {3}},         {"Cancelled", {4}},
+                                                    {"Closed", {2, 3, 4}}, {"All statuses", {}}};
+  return filters;
+}
+
+QString DealName(const IboSummary& deal) {
+  return QObject::tr("IBO#%1 (%2)").arg(deal.iboNumber).arg(QString::fromStdString(deal.company));
+}
+
+}  // namespace
+
+PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
+    : QMainWindow(parent),
+      environment_(environment),
+      model_(new PipelineModel([&environment] { return environment.Db(); },
+                               [this](const QString& why) { statusBar()->showMessage(why); },
+                               this)),
+      table_(new QTableView(this)),
+      tables_(new QTabBar(this)),
+      search_(new QLineEdit(this)),
+      status_(new QComboBox(this)),
+      mine_(new QCheckBox(tr("&My deals"), this)),
+      count_(new QLabel(this)),
+      matrix_(new MatrixPicture(this)),
+      forecast_(new ForecastPicture(this)) {
+  setObjectName("frmPipeline");
+  setWindowTitle(tr("Pipeline - %1").arg(kAppTitle));
+  table_->setObjectName("tblPipeline");
+  table_->setAccessibleName(tr("Deals"));
+  table_->setModel(model_);
+  table_->setSortingEnabled(true);
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setAlternatingRowColors(true);
+  table_->verticalHeader()->hide();
+  table_->setWordWrap(false);
+  table_->setTextElideMode(Qt::ElideRight);
+  QHeaderView* header = table_->horizontalHeader();
+  const QFontMetrics metrics(table_->font());
+  // Room for what each column usually holds; the company takes what is left.
+  const std::vector<std::pair<int, QString>> widths = {
+      {PipelineModel::kNumber, "IBO#0000"},
+      {PipelineModel::kCompany, "Meridian Aerospace Components"},
+      {PipelineModel::kContact, "Gregory Adeyemi"},
+      {PipelineModel::kStatus, "Cancelled"},
+      {PipelineModel::kPriority, "Leave it"},
+      {PipelineModel::kAdvisorPriority, "Leave it"},
+      {PipelineModel::kWwihDate, "30 Sep 2026 W"},
+      {PipelineModel::kValue, "1,234,567.00"},
+      {PipelineModel::kOwner, "Owner"},
+      {PipelineModel::kSavedAt, "2026-11-24 10:27"}};
+  for (const auto& [column, sample] : widths) {
+    table_->setColumnWidth(column,
+                           metrics.horizontalAdvance(sample) + 2 * metrics.averageCharWidth());
+  }
+  header->setStretchLastSection(true);
+  header->setMinimumSectionSize(metrics.horizontalAdvance("IBO#00"));
+  header->setSortIndicator(PipelineModel::kCompany, Qt::AscendingOrder);
+  table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  connect(table_, &QTableView::doubleClicked, this, &PipelineWindow::OpenSelected);
+  for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+    auto* open = new QShortcut(QKeySequence(key), table_, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(open, &QShortcut::activated, this, &PipelineWindow::OpenSelected);
+  }
+  auto* remove = new QShortcut(QKeySequence::Delete, table_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(remove, &QShortcut::activated, this, [this] {
+    if (model_->Query().table == IboTable::kArchive) {
+      DeleteSelected();
+    } else {
+      ArchiveSelected();
+    }
+  });
+  connect(matrix_, &MatrixPicture::dealClicked, this, &PipelineWindow::SelectDeal);
+  connect(matrix_, &MatrixPicture::dealOpened, this,
+          [this](std::int32_t id) { OpenDeal(id, false); });
+
+  auto* pictures = new QSplitter(Qt::Vertical, this);
+  pictures->addWidget(matrix_);
+  pictures->addWidget(forecast_);
+  auto* split = new QSplitter(Qt::Horizontal, this);
+  auto* left = new QWidget(this);
+  auto* leftLayout = new QVBoxLayout(left);
+  leftLayout->setContentsMargins(0, 0, 0, 0);
+  leftLayout->addWidget(BuildFilters());
+  leftLayout->addWidget(table_, 1);
+  split->addWidget(left);
+  split->addWidget(pictures);
+  split->setStretchFactor(0, 3);
+  split->setStretchFactor(1, 1);
+  split->setSizes({880, 300});
+  setCentralWidget(split);
+  statusBar()->addPermanentWidget(count_);
+  BuildMenus();
+
+  typing_.setSingleShot(true);
+  typing_.setInterval(kTypingPauseMs);
+  connect(&typing_, &QTimer::timeout, this, &PipelineWindow::ApplyFilters);
+  resize(1280, 720);
+}
+
+void PipelineWindow::showEvent(QShowEvent* event) {
+  if (!loaded_) ApplyFilters();
+  QMainWindow::showEvent(event);
+}
+
+PipelineWindow::~PipelineWindow() {
+  delete editor_;
+}
+
+QWidget* PipelineWindow::BuildFilters() {
+  auto* bar = new QWidget(this);
+  tables_->setObjectName("tabPipelineTables");
+  tables_->addTab(tr("&Pipeline"));
+  tables_->addTab(tr("&Archive"));
+  tables_->setDrawBase(false);
+  connect(tables_, &QTabBar::currentChanged, this, [this](int index) {
+    // The archive holds closed deals; the pipeline is worked by its open ones.
+    const QSignalBlocker quiet(status_);
+    status_->setCurrentIndex(index == 1 ? kAllStatuses : kOpenDeals);
+    ApplyFilters();
+  });
+  search_->setObjectName("txtPipelineSearch");
+  search_->setPlaceholderText(tr("Search number, company or contact"));
+  search_->setClearButtonEnabled(true);
+  search_->setAccessibleName(tr("Search the deals"));
+  connect(search_, &QLineEdit::textChanged, this, [this] { typing_.start(); });
+  status_->setObjectName("cboPipelineStatus");
+  status_->setAccessibleName(tr("Status"));
+  for (const StatusFilter& filter : StatusFilters()) status_->addItem(tr(filter.caption));
+  connect(status_, &QComboBox::currentIndexChanged, this, [this] { ApplyFilters(); });
+  mine_->setObjectName("chkPipelineMine");
+  mine_->setToolTip(tr("Only the deals you created"));
+  connect(mine_, &QCheckBox::toggled, this, [this] { ApplyFilters(); });
+  auto* layout = new QHBoxLayout(bar);
+  layout->setContentsMargins(4, 4, 4, 0);
+  layout->addWidget(tables_);
+  layout->addWidget(search_, 1);
+  layout->addWidget(status_);
+  layout->addWidget(mine_);
+  return bar;
+}
+
+void PipelineWindow::BuildMenus() {
+  QMenu* file = menuBar()->addMenu(tr("&File"));
+  QAction* create = file->addAction(tr("&New IBO..."), this, &PipelineWindow::NewDeal);
+  create->setShortcut(QKeySequence::New);
+  file->addSeparator();
+  file->addAction(tr("&Open Database..."), this, &PipelineWindow::OpenDatabase);
+  file->addAction(tr("New &Database..."), this, &PipelineWindow::NewDatabase);
+  file->addSeparator();
+  file->addAction(tr("&Export..."), this, &PipelineWindow::ExportShown);
+  file->addSeparator();
+  QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
+  exit->setShortcut(QKeySequence::Quit);
+
+  QMenu* deal = menuBar()->addMenu(tr("&Deal"));
+  deal->addAction(tr("&Open"), this, &PipelineWindow::OpenSelected);
+  deal->addAction(tr("&Archive..."), this, &PipelineWindow::ArchiveSelected);
+  deal->addAction(tr("&Restore"), this, &PipelineWindow::RestoreSelected);
+  deal->addAction(tr("&Delete from Archive..."), this, &PipelineWindow::DeleteSelected);
+  deal->addSeparator();
+  QAction* refresh = deal->addAction(tr("Re&fresh"), this, &PipelineWindow::Refresh);
+  refresh->setShortcut(QKeySequence::Refresh);
+  QAction* find = deal->addAction(tr("&Find"), this, [this] {
+    search_->setFocus();
+    search_->selectAll();
+  });
+  find->setShortcut(QKeySequence::Find);
+}
+
+void PipelineWindow::ShowArchive(bool archive) {
+  tables_->setCurrentIndex(archive ? 1 : 0);
+}
+
+void PipelineWindow::ApplyFilters() {
+  IboQuery query = model_->Query();
+  query.table = tables_->currentIndex() == 1 ? IboTable::kArchive : IboTable::kMain;
+  query.search = search_->text().toStdString();
+  query.statuses = StatusFilters().at(static_cast<std::size_t>(status_->currentIndex())).statuses;
+  query.owner = mine_->isChecked() ? CurrentUserName() : std::string();
+  const auto header = table_->horizontalHeader();
+  query.sort = PipelineModel::SortColumnOf(header->sortIndicatorSection());
+  query.descending = header->sortIndicatorOrder() == Qt::DescendingOrder;
+  model_->SetQuery(query);
+  loaded_ = true;
+  writesSeen_ = environment_.WritesDone();
+  UpdateCounts();
+  if (table_->currentIndex().row() < 0 && model_->rowCount() > 0) table_->selectRow(0);
+}
+
+void PipelineWindow::Refresh() {
+  const IboSummary* selected = Selected();
+  const std::int32_t keep = selected != nullptr ? selected->id : 0;
+  model_->Refresh();
+  writesSeen_ = environment_.WritesDone();
+  UpdateCounts();
+  if (keep != 0) SelectDeal(keep);
+}
+
+void PipelineWindow::UpdateCounts() {
+  const IboQuery& query = model_->Query();
+  const QString where = query.table == IboTable::kArchive ? tr("archived") : tr("in the pipeline");
+  count_->setText(tr("%n deal(s) %1", "", static_cast<int>(model_->Total())).arg(where));
+  IboQuery open;
+  open.table = IboTable::kMain;
+  open.statuses = {1};
+  open.owner = query.owner;
+  open.sort = SummaryColumn::kValue;
+  open.descending = true;
+  open.limit = kMatrixDeals;
+  const QDate today = QDate::currentDate();
+  StoreCall([&] {
+    matrix_->SetDeals(environment_.Db()->QueryIbos(open).rows);
+    forecast_->SetBuckets(environment_.Db()->Forecast(today.toString(Qt::ISODate).toStdString()),
+                          today.toString("yyyy-MM"));
+  });
+}
+
+const IboSummary* PipelineWindow::Selected() const {
+  return model_->Summary(table_->currentIndex().row());
+}
+
+void PipelineWindow::SelectDeal(std::int32_t id) {
+  const int row = model_->RowOf(id);
+  if (row < 0) {
+    statusBar()->showMessage(tr("That deal is not among the rows listed; search for it."), 4000);
+    return;
+  }
+  table_->selectRow(row);
+  table_->scrollTo(model_->index(row, 0));
+}
+
+bool PipelineWindow::StoreCall(const std::function<void()>& call) {
+  try {
+    call();
+    return true;
+  } catch (const std::exception& error) {
+    QMessageBox::warning(this, kAppTitle, ErrorText(error));
+    return false;
+  }
+}
+
+void PipelineWindow::OpenSelected() {
+  if (const IboSummary* deal = Selected()) OpenDeal(deal->id, deal->archived);
+}
+
+void PipelineWindow::OpenDeal(std::int32_t id, bool archived) {
+  const std::int32_t view = archived ? pelkedit::view::kArchive : pelkedit::view::kMain;
+  if (editor_ == nullptr) {
+    editor_ = new HostWindow(environment_);
+    editor_->setAttribute(Qt::WA_DeleteOnClose);
+    editor_->SetPipelineOpener([this] {
+      show();
+      raise();
+      activateWindow();
+    });
+    connect(editor_, &QObject::destroyed, this, [this] { Refresh(); });
+    if (!editor_->OpenIbo(id, view)) {
+      delete editor_;
+      return;
+    }
+  } else if (editor_->IboId() != id || editor_->View() != view) {
+    // One IBO is edited at a time: the open one is saved or given up first, as the user says.
+    if (!editor_->SwitchTo(id, view)) return;
+  }
+  editor_->show();
+  editor_->raise();
+  editor_->activateWindow();
+}
+
+void PipelineWindow::NewDeal() {
+  std::shared_ptr<IIboStore> store;
+  if (!StoreCall([&] { store = environment_.Db(); })) return;
+  NewDealDialog dialog(store, this);
+  if (!search_->text().trimmed().isEmpty()) dialog.Company()->setText(search_->text().trimmed());
+  if (dialog.exec() != QDialog::Accepted) return;
+  CreatedIbo created;
+  if (!StoreCall([&] { created = store->CreateIbo(dialog.Deal()); })) return;
+  ShowArchive(false);
+  Refresh();
+  SelectDeal(created.id);
+  OpenDeal(created.id, false);
+}
+
+void PipelineWindow::ArchiveSelected() {
+  const IboSummary* deal = Selected();
+  if (deal == nullptr || deal->archived) return;
+  if (editor_ != nullptr && editor_->IboId() == deal->id) {
+    QMessageBox::information(this, kAppTitle,
+                             tr("Close %1 in the editor first.").arg(DealName(*deal)));
+    return;
+  }
+  if (QMessageBox::question(
+          this, kAppTitle,
+          tr("Move %1 to the archive? It can be restored from there.").arg(DealName(*deal))) !=
+      QMessageBox::Yes) {
+    return;
+  }
+  const IboSummary moved = *deal;
+  StoreCall([&] { environment_.Db()->MoveIbo(IboTable::kMain, moved.id, moved.version); });
+  Refresh();
+}
+
+void PipelineWindow::RestoreSelected() {
+  const IboSummary* deal = Selected();
+  if (deal == nullptr || !deal->archived) return;
+  const IboSummary moved = *deal;
+  if (StoreCall([&] { environment_.Db()->MoveIbo(IboTable::kArchive, moved.id, moved.version); })) {
+    statusBar()->showMessage(tr("%1 is back in the pipeline.").arg(DealName(moved)), 4000);
+  }
+  Refresh();
+}
+
+void PipelineWindow::DeleteSelected() {
+  const IboSummary* deal = Selected();
+  if (deal == nullptr || !deal->archived) {
+    statusBar()->showMessage(tr("Only archived deals can be deleted: archive it first."), 4000);
+    return;
+  }
+  QMessageBox ask(QMessageBox::Warning, kAppTitle,
+                  tr("Delete %1 for good? This cannot be undone.").arg(DealName(*deal)),
+                  QMessageBox::Yes | QMessageBox::No, this);
+  ask.setDefaultButton(QMessageBox::No);
+  ask.button(QMessageBox::Yes)->setText(tr("&Delete"));
+  if (ask.exec() != QMessageBox::Yes) return;
+  const std::int32_t id = deal->id;
+  StoreCall([&] { environment_.Db()->DeleteArchived(id); });
+  Refresh();
+}
+
+void PipelineWindow::ExportShown() {
+  const QString path = QFileDialog::getSaveFileName(this, tr("Export the Deals Shown"),
+                                                    tr("pipeline.csv"), tr("CSV files (*.csv)"));
+  if (path.isEmpty()) return;
+  std::ofstream out(path.toStdString(), std::ios::binary | std::ios::trunc);
+  if (!out) {
+    QMessageBox::warning(this, kAppTitle, tr("Cannot write '%1'. Choose another place.").arg(path));
+    return;
+  }
+  CsvWriter csv(out);
+  csv.Header();
+  IboQuery page = model_->Query();
+  page.offset = 0;
+  page.limit = kExportPage;
+  std::int64_t written = 0;
+  const bool read = StoreCall([&] {
+    for (;; page.offset += kExportPage) {
+      const IboPage rows = environment_.Db()->QueryIbos(page);
+      for (const IboSummary& deal : rows.rows) csv.Row(deal);
+      written += static_cast<std::int64_t>(rows.rows.size());
+      if (static_cast<std::int64_t>(rows.rows.size()) < kExportPage) break;
+    }
+  });
+  out.close();
+  if (!read || !out) {
+    QMessageBox::warning(this, kAppTitle, tr("The export to '%1' is incomplete.").arg(path));
+    return;
+  }
+  statusBar()->showMessage(
+      tr("%n deal(s) exported to %1", "", static_cast<int>(written)).arg(path));
+}
+
+void PipelineWindow::SwitchDatabase(const QString& name, StoreOpening opening) {
+  // Each database gets a window of its own, in its own process: the editor's collaborators are
+  // bound to one database.
+  if (!StoreCall([&] { OpenIboStore(name.toStdString(), opening); })) return;
+  if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), {"--db", name})) {
+    QMessageBox::warning(this, kAppTitle, tr("Cannot start another Pelkor window."));
+  }
+}
+
+void PipelineWindow::OpenDatabase() {
+  QInputDialog ask(this);
+  ask.setWindowTitle(tr("Open Database"));
+  ask.setLabelText(tr("A database file, or a server's address (postgresql://user@host/name):"));
+  ask.setOkButtonText(tr("&Open"));
+  ask.setCancelButtonText(tr("Cancel"));
+  auto* browse = new QPushButton(tr("&Browse..."), &ask);
+  connect(browse, &QPushButton::clicked, &ask, [&ask, this] {
+    const QString file = QFileDialog::getOpenFileName(
+        this, tr("Open Database"), QString(), tr("IBO databases (*.db *.sqlite);;All files (*)"));
+    if (!file.isEmpty()) ask.setTextValue(file);
+  });
+  ask.layout()->addWidget(browse);
+  if (ask.exec() != QDialog::Accepted || ask.textValue().trimmed().isEmpty()) return;
+  SwitchDatabase(ask.textValue().trimmed(), StoreOpening::kExistingOnly);
+}
+
+void PipelineWindow::NewDatabase() {
+  const QString file = QFileDialog::getSaveFileName(this, tr("New Database"), tr("deals.db"),
+                                                    tr("IBO databases (*.db)"));
+  if (file.isEmpty()) return;
+  SwitchDatabase(file, StoreOpening::kCreateIfMissing);
+}
+
+bool PipelineWindow::event(QEvent* event) {
+  // Back from the editor: the rows show what it saved.
+  if (event->type() == QEvent::WindowActivate && environment_.WritesDone() != writesSeen_) {
+    Refresh();
+  }
+  return QMainWindow::event(event);
+}
+
+void PipelineWindow::closeEvent(QCloseEvent* event) {
+  if (editor_ != nullptr && !editor_->close()) {
+    event->ignore();
+    return;
+  }
+  QMainWindow::closeEvent(event);
+}
+
+}  // namespace pelkor::desktop

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+
+#include "app/editor_environment.h"
+#include "app/host_window.h"
+#include "pipeline/pipeline_model.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QTabBar;
+class QTableView;
+
+namespace pelkor::desktop {
+
+class MatrixPicture;
+class ForecastPicture;
+
+// The home of pelkor-edit: the deals of the main table (or the archive), searched as the user
+// types, filtered by status and owner, sorted by any column, with the matrix and the forecast
+// beside them. A deal opens in the editor's own window; the pipeline stays.
+class PipelineWindow : public QMainWindow {
+  Q_OBJECT
+ public:
+  explicit PipelineWindow(EditorEnvironment& environment, QWidget* parent = nullptr);
+  ~PipelineWindow() override;
+
+  // Opens a deal in the editor window (raising it when that deal is open already).
+  void OpenDeal(std::int32_t id, bool archived);
+  // The editor window, when one is open.
+  HostWindow* Editor() const { return editor_; }
+
+  // The commands of the menus.
+  void NewDeal();
+  void OpenSelected();
+  void ArchiveSelected();
+  void RestoreSelected();
+  void DeleteSelected();
+  void ExportShown();
+  void OpenDatabase();
+  void NewDatabase();
+  void Refresh();
+
+  QTableView* Table() const { return table_; }
+  PipelineModel* Model() const { return model_; }
+  QLineEdit* Search() const { return search_; }
+  QTabBar* Tables() const { return tables_; }
+  MatrixPicture* Matrix() const { return matrix_; }
+  ForecastPicture* Forecast() const { return forecast_; }
+  // Shows the archive (true) or the main table.
+  void ShowArchive(bool archive);
+  // Reads the rows for the filters as they are now (the search waits for a pause in typing).
+  void ApplyFilters();
+  EditorEnvironment& Environment() { return environment_; }
+  // Selects the row of a deal among those fetched.
+  void SelectDeal(std::int32_t id);
+
+ protected:
+  bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void BuildMenus();
+  QWidget* BuildFilters();
+  void UpdateCounts();
+  const IboSummary* Selected() const;
+  // Runs a store call; a failure is shown. Returns whether it ran.
+  bool StoreCall(const std::function<void()>& call);
+  void SwitchDatabase(const QString& name, StoreOpening opening);
+
+  EditorEnvironment& environment_;
+  PipelineModel* model_;
+  QTableView* table_;
+  QTabBar* tables_;
+  QLineEdit* search_;
+  QComboBox* status_;
+  QCheckBox* mine_;
+  QLabel* count_;
+  MatrixPicture* matrix_;
+  ForecastPicture* forecast_;
+  QTimer typing_;
+  QPointer<HostWindow> editor_;
+  // Saves the editor has made when the pipeline last read its rows.
+  int writesSeen_ = 0;
+  // Whether the rows were read: not before the window is first shown.
+  bool loaded_ = false;
+};
+
+}  // namespace pelkor::desktop
