@@ -9,17 +9,15 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QStandardItemModel>
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include "contacts/contact_filter.h"
+#include "contacts/contact_page_model.h"
 #include "values/error.h"
 
 namespace pelkor::desktop {
 namespace {
 
-constexpr int kIdRole = Qt::UserRole + 1;
 constexpr int kWidth = 720;
 constexpr int kHeight = 420;
 const int kNameColumnWidth = 150;
@@ -84,21 +82,17 @@ std::optional<Contact> AskForContact(QWidget* parent, const QString& start) {
 ContactLookupDialog::ContactLookupDialog(std::shared_ptr<IIboStore> store, QWidget* parent)
     : QDialog(parent),
       store_(std::move(store)),
-      model_(new QStandardItemModel(0, 4, this)),
-      filter_(new ContactFilter(this)),
+      model_(new ContactPageModel(store_, this)),
       search_(new QLineEdit(this)),
       list_(new QTableView(this)),
       count_(new QLabel(this)) {
   setWindowTitle(tr("Choose a Contact"));
   resize(kWidth, kHeight);
-  model_->setHorizontalHeaderLabels({tr("Name"), tr("Company"), tr("E-mail"), tr("Phone")});
-  filter_->setSourceModel(model_);
   search_->setPlaceholderText(tr("Search by name, company, e-mail or phone"));
   search_->setClearButtonEnabled(true);
   search_->installEventFilter(this);
-  list_->setModel(filter_);
-  list_->setSortingEnabled(true);
-  list_->sortByColumn(0, Qt::AscendingOrder);
+  // The database lists the matches by last and first name.
+  list_->setModel(model_);
   list_->setSelectionBehavior(QAbstractItemView::SelectRows);
   list_->setSelectionMode(QAbstractItemView::SingleSelection);
   list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -139,39 +133,29 @@ ContactLookupDialog::ContactLookupDialog(std::shared_ptr<IIboStore> store, QWidg
 }
 
 void ContactLookupDialog::Load(std::int64_t select) {
-  contacts_ = store_->ListContacts();
-  model_->removeRows(0, model_->rowCount());
-  for (const Contact& contact : contacts_) {
-    QList<QStandardItem*> row{
-        new QStandardItem(FullName(contact)), new QStandardItem(Q(contact.company)),
-        new QStandardItem(Q(contact.email)), new QStandardItem(Q(contact.phone))};
-    row.front()->setData(QVariant::fromValue<qlonglong>(contact.id), kIdRole);
-    model_->appendRow(row);
-  }
   Refilter();
   if (select == 0) return;
-  for (int row = 0; row < filter_->rowCount(); ++row) {
-    if (filter_->index(row, 0).data(kIdRole).toLongLong() == select) {
-      list_->selectRow(row);
-    }
-  }
+  const int row = model_->RowOf(select);
+  if (row >= 0) list_->selectRow(row);
 }
 
 void ContactLookupDialog::Refilter() {
-  filter_->SetQuery(search_->text());
-  count_->setText(filter_->rowCount() == model_->rowCount()
-                      ? tr("%n contact(s)", "", model_->rowCount())
-                      : tr("%1 of %2 contacts").arg(filter_->rowCount()).arg(model_->rowCount()));
-  if (filter_->rowCount() > 0 && !list_->selectionModel()->hasSelection()) list_->selectRow(0);
+  try {
+    model_->SetSearch(search_->text());
+  } catch (const pelkedit::PelkError& error) {
+    count_->setText(Q(error.Description()));
+    return;
+  }
+  count_->setText(search_->text().trimmed().isEmpty()
+                      ? tr("%n contact(s)", "", static_cast<int>(model_->Total()))
+                      : tr("%n matching contact(s)", "", static_cast<int>(model_->Total())));
+  if (model_->rowCount() > 0) list_->selectRow(0);
 }
 
 void ContactLookupDialog::Choose() {
   const QModelIndexList rows = list_->selectionModel()->selectedRows();
   if (rows.isEmpty()) return;
-  const qlonglong id = rows.front().data(kIdRole).toLongLong();
-  for (const Contact& contact : contacts_) {
-    if (contact.id == id) chosen_ = contact;
-  }
+  if (const Contact* contact = model_->ContactAt(rows.front().row())) chosen_ = *contact;
   if (chosen_) accept();
 }
 
@@ -184,12 +168,13 @@ void ContactLookupDialog::AddContact() {
     QMessageBox::warning(this, tr("New Contact"), Q(error.Description()));
     return;
   }
-  search_->clear();
+  // Found again by the name it was given.
+  search_->setText(FullName(*contact));
   std::int64_t id = 0;
-  for (const Contact& stored : store_->ListContacts()) {
-    Contact same = stored;
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    Contact same = *model_->ContactAt(row);
     same.id = 0;
-    if (same == *contact) id = stored.id;
+    if (same == *contact) id = model_->ContactAt(row)->id;
   }
   Load(id);
 }
@@ -209,7 +194,7 @@ bool ContactLookupDialog::eventFilter(QObject* watched, QEvent* event) {
   const int step = key == Qt::Key_Up     ? -1
                    : key == Qt::Key_Down ? 1
                                          : (key == Qt::Key_PageUp ? -10 : 10);
-  const int row = std::clamp(current + step, 0, filter_->rowCount() - 1);
+  const int row = std::clamp(current + step, 0, model_->rowCount() - 1);
   if (row >= 0) list_->selectRow(row);
   return true;
 }

@@ -9,12 +9,11 @@
 
 class QLabel;
 class QLineEdit;
-class QStandardItemModel;
 class QTableView;
 
 namespace pelkor::desktop {
 
-class ContactFilter;
+class ContactPageModel;
 
 // The contact picker: a search box that filters as you type, the matching contacts in a
 // sortable list, their count, and a way to add someone who is not there yet. Enter or a
@@ -39,9 +38,7 @@ class ContactLookupDialog : public QDialog {
   void AddContact();
 
   std::shared_ptr<IIboStore> store_;
-  std::vector<Contact> contacts_;
-  QStandardItemModel* model_;
-  ContactFilter* filter_;
+  ContactPageModel* model_;
   QLineEdit* search_;
   QTableView* list_;
   QLabel* count_;

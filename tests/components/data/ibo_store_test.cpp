@@ -146,6 +146,11 @@ TEST(IboStore, ThePipelineFindsSortsAndPagesItsDeals) {
       [path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 
+TEST(IboStore, TheContactBookIsSearchedByTheDatabase) {
+  TempFolder folder;
+  testing::ExpectContactSearch([path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
 TEST(IboStore, EightCreatorsAtOnceGetDifferentNumbers) {
   TempFolder folder;
   testing::ExpectEightCreatorsGetUniqueNumbers(

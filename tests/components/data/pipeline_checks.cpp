@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <set>
 
@@ -120,6 +121,48 @@ void ExpectPipelineFindsSortsAndPages(const Connect& connect) {
           << SummaryColumnName(column);
     }
   }
+}
+
+void ExpectContactSearch(const Connect& connect) {
+  const auto store = connect();
+  const std::vector<std::string> firsts = {"Zoë", "Jose", "José", "Ana", "Bjorn", "Björn", "chloé"};
+  // Last names in letters only, in the order of their numbers, so that digits match firms only.
+  const auto letters = [](int i) {
+    return std::string{static_cast<char>('a' + i / 26 / 26), static_cast<char>('a' + i / 26 % 26),
+                       static_cast<char>('a' + i % 26)};
+  };
+  std::vector<Contact> book;
+  for (int i = 0; i < 700; ++i) {
+    book.push_back({0, firsts[static_cast<std::size_t>(i) % firsts.size()], "Person" + letters(i),
+                    "Firm " + std::to_string(i % 17), "", "", ""});
+  }
+  ASSERT_EQ(store->AddContacts(book), 700);
+  ContactQuery query;
+  query.search = "BJÖRN";
+  query.limit = 30;
+  auto [page, total] = store->SearchContacts(query);
+  EXPECT_EQ(total, 200);  // a hundred Bjorn and a hundred Björn
+  ASSERT_EQ(page.size(), 30u);
+  EXPECT_EQ(page.front().last, "Person" + letters(4));
+  query.offset = 190;
+  EXPECT_EQ(store->SearchContacts(query).first.size(), 10u);
+  query = {};
+  query.search = "JOSÉ  firm 16";  // every word: Jose and José at firm 16
+  const auto [atFirm, count] = store->SearchContacts(query);
+  EXPECT_EQ(count, static_cast<std::int64_t>(atFirm.size()));
+  EXPECT_EQ(count, 12);
+  for (const Contact& found : atFirm) {
+    EXPECT_TRUE(found.first == "Jose" || found.first == "José") << found.first;
+    EXPECT_EQ(found.company, "Firm 16");
+  }
+  query.search = "josé nobody";
+  EXPECT_EQ(store->SearchContacts(query).second, 0);
+  query.search = "";
+  query.limit = 1000;
+  const auto all = store->SearchContacts(query).first;
+  ASSERT_EQ(all.size(), 700u);
+  EXPECT_TRUE(std::is_sorted(all.begin(), all.end(),
+                             [](const Contact& a, const Contact& b) { return a.last < b.last; }));
 }
 
 void ExpectEightCreatorsGetUniqueNumbers(const Connect& connect) {

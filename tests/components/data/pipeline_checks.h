@@ -9,6 +9,10 @@ namespace pelkor::testing {
 // neither repeat nor skip a deal.
 void ExpectPipelineFindsSortsAndPages(const Connect& connect);
 
+// The contact book searched by the database: every word, case and accents ignored, by last and
+// first name, a page at a time with the count of all matches.
+void ExpectContactSearch(const Connect& connect);
+
 // Eight processes, each with its own connection, create deals at once: every id and every IBO
 // number is different.
 void ExpectEightCreatorsGetUniqueNumbers(const Connect& connect);

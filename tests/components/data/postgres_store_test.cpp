@@ -129,6 +129,11 @@ TEST(ServerStore, ThePipelineFindsSortsAndPagesItsDeals) {
   testing::ExpectPipelineFindsSortsAndPages([&] { return OpenIboStore(server.Uri()); });
 }
 
+TEST(ServerStore, TheContactBookIsSearchedByTheDatabase) {
+  ServerDatabase server;
+  testing::ExpectContactSearch([&] { return OpenIboStore(server.Uri()); });
+}
+
 TEST(ServerStore, EightCreatorsAtOnceGetDifferentNumbers) {
   ServerDatabase server;
   testing::ExpectEightCreatorsGetUniqueNumbers([&] { return OpenIboStore(server.Uri()); });
