@@ -134,6 +134,8 @@ class IIboStore {
   // Adds the contacts the book does not hold yet (the same name, company, e-mail and phone is
   // the same person), all in one transaction; returns how many were added.
   virtual int AddContacts(const std::vector<Contact>& contacts) = 0;
+  // Up to `limit` contacts in id order after `afterId`, for copying.
+  virtual std::vector<Contact> ContactBatch(std::int64_t afterId, int limit) = 0;
 
   // The stored record, or nullopt when the table has no row with that id.
   std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id);

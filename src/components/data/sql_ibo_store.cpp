@@ -1,9 +1,14 @@
 #include "data/sql_ibo_store.h"
 
+#include <algorithm>
+
 namespace pelkor::data_detail {
 namespace {
 
 using pelkedit::Blob;
+
+// Rows one INSERT carries: far below either database's limit on parameters.
+constexpr std::size_t kRowsPerStatement = 200;
 
 constexpr const char* kContactColumns = "id, first_name, last_name, company, address, phone, email";
 
@@ -35,13 +40,21 @@ std::string AllRowColumns() {
 SqlIboStore::SqlIboStore(std::unique_ptr<SqlConnection> sql)
     : sql_(std::move(sql)), user_(CurrentUserName()) {}
 
-std::int64_t SqlIboStore::Insert(const IboRow& row, bool replace, const std::string& owner,
-                                 const std::string& savedAt, const std::string& savedBy) {
-  const std::string table = TableSqlName(row.table);
+std::int64_t SqlIboStore::Insert(const std::vector<StampedRow>& rows, bool replace) {
+  if (rows.empty()) return 0;
+  const std::string table = TableSqlName(rows.front().row->table);
+  const std::string tuple = "(" + Marks(1 + kRecordColumns.size() + kStampColumns.size() + 1) + ")";
   std::string sql = "INSERT INTO " + table + " (id, " + ColumnList(kRecordColumns) + ", " +
-                    ColumnList(kStampColumns) + ", data) VALUES (" +
-                    Marks(1 + kRecordColumns.size() + kStampColumns.size() + 1) +
-                    ") ON CONFLICT (id) DO ";
+                    ColumnList(kStampColumns) + ", data) VALUES ";
+  std::vector<SqlValue> params;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    sql += (i == 0 ? "" : ", ") + tuple;
+    for (SqlValue& value :
+         WriteParams(*rows[i].row, rows[i].owner, rows[i].savedAt, rows[i].savedBy)) {
+      params.push_back(std::move(value));
+    }
+  }
+  sql += " ON CONFLICT (id) DO ";
   if (!replace) {
     sql += "NOTHING";
   } else {
@@ -55,14 +68,16 @@ std::int64_t SqlIboStore::Insert(const IboRow& row, bool replace, const std::str
         " version = " +
         table + ".version + 1";
   }
-  return sql_->Exec(sql, WriteParams(row, owner, savedAt, savedBy));
+  return sql_->Exec(sql, params);
 }
 
 void SqlIboStore::Write(IboTable table, const Blob& data) {
   const IboRow row = DecodeRow(data, table, Location());
   std::lock_guard lock(mutex_);
   sql_->Transaction("Cannot write " + Where(row.summary.id, "to", table) + " of " + Location(),
-                    true, [&] { Insert(row, true, user_, SaveStamp(), user_); });
+                    true, [&] {
+                      Insert({{&row, user_, SaveStamp(), user_}}, true);
+                    });
 }
 
 std::optional<VersionedIbo> SqlIboStore::FindVersioned(IboTable table, std::int32_t id) {
@@ -116,13 +131,24 @@ int SqlIboStore::AddMissing(const std::vector<IboEntry>& entries) {
   std::lock_guard lock(mutex_);
   std::int64_t added = 0;
   sql_->Transaction("Cannot add IBOs to " + Location(), true, [&] {
+    // Many rows to a statement: a copy costs a round trip per batch, not per IBO.
+    std::vector<StampedRow> batch;
+    const auto flush = [&] {
+      added += Insert(batch, false);
+      batch.clear();
+    };
     for (std::size_t i = 0; i < rows.size(); ++i) {
       const IboEntry& entry = entries[i];
+      if (!batch.empty() &&
+          (batch.front().row->table != rows[i].table || batch.size() == kRowsPerStatement)) {
+        flush();
+      }
       // A copied row keeps who made and saved it; a new one is the person's working now.
       const bool copied = !entry.savedAt.empty();
-      added += Insert(rows[i], false, copied ? entry.owner : user_, copied ? entry.savedAt : now,
-                      copied ? entry.savedBy : user_);
+      batch.push_back({&rows[i], copied ? entry.owner : user_, copied ? entry.savedAt : now,
+                       copied ? entry.savedBy : user_});
     }
+    flush();
   });
   return static_cast<int>(added);
 }
@@ -172,14 +198,32 @@ int SqlIboStore::AddContacts(const std::vector<Contact>& contacts) {
   std::lock_guard lock(mutex_);
   std::int64_t added = 0;
   sql_->Transaction("Cannot add contacts to " + Location(), true, [&] {
-    for (const Contact& c : contacts) {
-      added += sql_->Exec(
+    for (std::size_t from = 0; from < contacts.size(); from += kRowsPerStatement) {
+      const std::size_t to = std::min(contacts.size(), from + kRowsPerStatement);
+      std::string sql =
           "INSERT INTO contacts (first_name, last_name, company, address, phone, email, search)"
-          " VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT DO NOTHING",
-          {c.first, c.last, c.company, c.address, c.phone, c.email, ContactSearchText(c)});
+          " VALUES ";
+      std::vector<SqlValue> params;
+      for (std::size_t i = from; i < to; ++i) {
+        const Contact& c = contacts[i];
+        sql += (i == from ? "" : ", ") + std::string("(?, ?, ?, ?, ?, ?, ?)");
+        params.insert(params.end(), {c.first, c.last, c.company, c.address, c.phone, c.email,
+                                     ContactSearchText(c)});
+      }
+      added += sql_->Exec(sql + " ON CONFLICT DO NOTHING", params);
     }
   });
   return static_cast<int>(added);
+}
+
+std::vector<Contact> SqlIboStore::ContactBatch(std::int64_t afterId, int limit) {
+  std::lock_guard lock(mutex_);
+  std::vector<Contact> batch;
+  sql_->QueryAlone(
+      "Cannot read the contacts of " + Location(),
+      std::string("SELECT ") + kContactColumns + " FROM contacts WHERE id > ? ORDER BY id LIMIT ?",
+      {afterId, std::int64_t{limit}}, [&](const SqlRow& row) { batch.push_back(ContactOf(row)); });
+  return batch;
 }
 
 }  // namespace pelkor::data_detail

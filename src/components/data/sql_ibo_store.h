@@ -33,11 +33,19 @@ class SqlIboStore final : public IIboStore {
   std::vector<Contact> ListContacts() override;
   std::pair<std::vector<Contact>, std::int64_t> SearchContacts(const ContactQuery& query) override;
   int AddContacts(const std::vector<Contact>& contacts) override;
+  std::vector<Contact> ContactBatch(std::int64_t afterId, int limit) override;
 
  private:
-  // Inserts a row; on an existing id replaces it (`replace`) or leaves it. Returns rows changed.
-  std::int64_t Insert(const IboRow& row, bool replace, const std::string& owner,
-                      const std::string& savedAt, const std::string& savedBy);
+  // A row to insert and who made and saved it.
+  struct StampedRow {
+    const IboRow* row;
+    std::string owner;
+    std::string savedAt;
+    std::string savedBy;
+  };
+  // Inserts rows of one table in one statement; on an existing id replaces the row (`replace`)
+  // or leaves it. Returns rows changed.
+  std::int64_t Insert(const std::vector<StampedRow>& rows, bool replace);
   std::vector<StoredIbo> StoredRows(IboTable table, const std::string& sql,
                                     const std::vector<SqlValue>& params);
 

@@ -82,7 +82,7 @@ CreatedIbo SqlIboStore::CreateIbo(const NewIbo& ibo) {
         {}, [&](const SqlRow& row) { created.number = row.Int(0) + 1; });
     const Blob data = NewRecord(ibo, created.id, created.number);
     const IboRow row = DecodeRow(data, IboTable::kMain, Location());
-    Insert(row, false, user_, SaveStamp(), user_);
+    Insert({{&row, user_, SaveStamp(), user_}}, false);
   });
   return created;
 }

@@ -47,11 +47,10 @@ CopyReport CopyDatabase(IIboStore& source, IIboStore& target) {
   for (const IboTable table : {IboTable::kMain, IboTable::kArchive}) {
     CopyTable(source, target, table, report);
   }
-  ContactQuery page;
-  page.limit = kCopyBatch;
-  for (;; page.offset += kCopyBatch) {
-    const auto [contacts, total] = source.SearchContacts(page);
+  for (std::int64_t after = 0;;) {
+    const std::vector<Contact> contacts = source.ContactBatch(after, kCopyBatch);
     if (contacts.empty()) break;
+    after = contacts.back().id;
     report.contacts += target.AddContacts(contacts);
   }
   return report;
