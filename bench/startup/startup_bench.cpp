@@ -56,4 +56,40 @@ void BM_PelkorEditShowsAnIbo(benchmark::State& state) {
 }
 BENCHMARK(BM_PelkorEditShowsAnIbo)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
 
+// The home a salesperson starts on: the pipeline's first page, the matrix and the forecast.
+void BM_PelkorEditShowsThePipeline(benchmark::State& state) {
+  Measure(state, {PELK_EDITOR, "--db", PELK_DEMO_DB, "--measure-start"});
+}
+BENCHMARK(BM_PelkorEditShowsThePipeline)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
+
+// The same on a database of 100,000 IBOs ($PELKOR_BENCH_LARGE_DB, made by store_bench): start-up
+// must not grow with the database.
+void StartOnLargeDatabase(benchmark::State& state, const std::vector<std::string>& extra) {
+  const char* large = std::getenv("PELKOR_BENCH_LARGE_DB");
+  if (large == nullptr) {
+    state.SkipWithError("set PELKOR_BENCH_LARGE_DB to a database of 100,000 IBOs");
+    return;
+  }
+  std::vector<std::string> command = {PELK_EDITOR, "--db", large, "--measure-start"};
+  command.insert(command.end(), extra.begin(), extra.end());
+  Measure(state, command);
+}
+void BM_PelkorEditShowsThePipelineOfALargeDatabase(benchmark::State& state) {
+  StartOnLargeDatabase(state, {});
+}
+BENCHMARK(BM_PelkorEditShowsThePipelineOfALargeDatabase)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
+void BM_PelkorEditShowsAnIboOfALargeDatabase(benchmark::State& state) {
+  StartOnLargeDatabase(state, {"--ibo", "1001"});
+}
+BENCHMARK(BM_PelkorEditShowsAnIboOfALargeDatabase)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
+
 }  // namespace

@@ -77,6 +77,7 @@ bool PipelineModel::Overdue(const IboSummary& deal, const QDate& today) {
 
 void PipelineModel::SetQuery(const IboQuery& query) {
   query_ = query;
+  loaded_ = true;
   beginResetModel();
   rows_.clear();
   total_ = 0;
@@ -152,6 +153,11 @@ void PipelineModel::sort(int column, Qt::SortOrder order) {
   IboQuery query = query_;
   query.sort = SortColumnOf(column);
   query.descending = order == Qt::DescendingOrder;
+  // Before the first query (the view turning sorting on) the order is only noted.
+  if (!loaded_) {
+    query_ = query;
+    return;
+  }
   if (query.sort == query_.sort && query.descending == query_.descending && !rows_.empty()) return;
   SetQuery(query);
 }

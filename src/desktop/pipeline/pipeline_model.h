@@ -71,6 +71,7 @@ class PipelineModel : public QAbstractTableModel {
   IboQuery query_;
   std::vector<IboSummary> rows_;
   std::int64_t total_ = 0;
+  bool loaded_ = false;
   QDate today_ = QDate::currentDate();
 };
 

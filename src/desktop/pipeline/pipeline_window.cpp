@@ -76,7 +76,6 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   table_->setObjectName("tblPipeline");
   table_->setAccessibleName(tr("Deals"));
   table_->setModel(model_);
-  table_->setSortingEnabled(true);
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setSelectionMode(QAbstractItemView::SingleSelection);
   table_->setAlternatingRowColors(true);
@@ -104,6 +103,7 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   header->setStretchLastSection(true);
   header->setMinimumSectionSize(metrics.horizontalAdvance("IBO#00"));
   header->setSortIndicator(PipelineModel::kCompany, Qt::AscendingOrder);
+  table_->setSortingEnabled(true);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   connect(table_, &QTableView::doubleClicked, this, &PipelineWindow::OpenSelected);
   for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -152,6 +152,8 @@ void PipelineWindow::showEvent(QShowEvent* event) {
 }
 
 PipelineWindow::~PipelineWindow() {
+  if (editor_ == nullptr) return;
+  disconnect(editor_, nullptr, this, nullptr);
   delete editor_;
 }
 
@@ -237,6 +239,8 @@ void PipelineWindow::ApplyFilters() {
 }
 
 void PipelineWindow::Refresh() {
+  // A pipeline not shown yet reads its rows when it is.
+  if (!loaded_) return;
   const IboSummary* selected = Selected();
   const std::int32_t keep = selected != nullptr ? selected->id : 0;
   model_->Refresh();
