@@ -10,6 +10,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProcess>
@@ -20,6 +21,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
+#include <algorithm>
 #include <fstream>
 
 #include "data/summary_export.h"
@@ -147,7 +149,11 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
 }
 
 void PipelineWindow::showEvent(QShowEvent* event) {
-  if (!loaded_) ApplyFilters();
+  if (!loaded_) {
+    ApplyFilters();
+    // The first thing a salesperson does here is look for a deal.
+    search_->setFocus();
+  }
   QMainWindow::showEvent(event);
 }
 
@@ -174,6 +180,21 @@ QWidget* PipelineWindow::BuildFilters() {
   search_->setClearButtonEnabled(true);
   search_->setAccessibleName(tr("Search the deals"));
   connect(search_, &QLineEdit::textChanged, this, [this] { typing_.start(); });
+  // From the search: Enter opens the deal found, Down goes on to the list.
+  connect(search_, &QLineEdit::returnPressed, this, [this] {
+    if (typing_.isActive()) {
+      typing_.stop();
+      ApplyFilters();
+    }
+    OpenSelected();
+  });
+  auto* down =
+      new QShortcut(QKeySequence(Qt::Key_Down), search_, nullptr, nullptr, Qt::WidgetShortcut);
+  connect(down, &QShortcut::activated, this, [this] {
+    table_->setFocus();
+    const int next = std::min(table_->currentIndex().row() + 1, model_->rowCount() - 1);
+    if (next >= 0) table_->selectRow(next);
+  });
   status_->setObjectName("cboPipelineStatus");
   status_->setAccessibleName(tr("Status"));
   for (const StatusFilter& filter : StatusFilters()) status_->addItem(tr(filter.caption));
@@ -252,7 +273,9 @@ void PipelineWindow::Refresh() {
 void PipelineWindow::UpdateCounts() {
   const IboQuery& query = model_->Query();
   const QString where = query.table == IboTable::kArchive ? tr("archived") : tr("in the pipeline");
-  count_->setText(tr("%n deal(s) %1", "", static_cast<int>(model_->Total())).arg(where));
+  const auto total = static_cast<int>(model_->Total());
+  count_->setText(
+      tr(total == 1 ? "%1 deal %2" : "%1 deals %2").arg(QLocale().toString(total), where));
   IboQuery open;
   open.table = IboTable::kMain;
   open.statuses = {1};
