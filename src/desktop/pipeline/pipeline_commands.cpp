@@ -1,14 +1,17 @@
 // The pipeline's commands on deals and databases: new, archive, restore, delete, export, and
 // opening or making another database.
 #include <QCoreApplication>
+#include <QDialogButtonBox>
 #include <QFileDialog>
-#include <QInputDialog>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QVBoxLayout>
 #include <fstream>
 
 #include "data/summary_export.h"
@@ -24,6 +27,43 @@ constexpr const char* kAppTitle = "Pelkor";
 
 QString DealName(const IboSummary& deal) {
   return QObject::tr("IBO#%1 (%2)").arg(deal.iboNumber).arg(QString::fromStdString(deal.company));
+}
+
+// Asks for a database file (with a file dialog to browse) or a server's address; "" when the
+// user cancels.
+QString AskForDatabase(QWidget* parent, bool create) {
+  QDialog ask(parent);
+  ask.setWindowTitle(create ? QObject::tr("New Database") : QObject::tr("Open Database"));
+  auto* label = new QLabel(create ? QObject::tr("A new database &file, or the address of an "
+                                                "empty server database:")
+                                  : QObject::tr("A database &file, or a server's address:"),
+                           &ask);
+  auto* name = new QLineEdit(&ask);
+  name->setPlaceholderText(QObject::tr("deals.db or postgresql://user@host/name"));
+  name->setMinimumWidth(420);
+  label->setBuddy(name);
+  auto* browse = new QPushButton(QObject::tr("&Browse..."), &ask);
+  QObject::connect(browse, &QPushButton::clicked, &ask, [&ask, name, create] {
+    const QString filter = QObject::tr("IBO databases (*.db *.sqlite *.pelkdb);;All files (*)");
+    const QString file =
+        create ? QFileDialog::getSaveFileName(&ask, ask.windowTitle(), "deals.db", filter)
+               : QFileDialog::getOpenFileName(&ask, ask.windowTitle(), QString(), filter);
+    if (!file.isEmpty()) name->setText(file);
+  });
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &ask);
+  buttons->button(QDialogButtonBox::Ok)
+      ->setText(create ? QObject::tr("C&reate") : QObject::tr("&Open"));
+  QObject::connect(buttons, &QDialogButtonBox::accepted, &ask, &QDialog::accept);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &ask, &QDialog::reject);
+  auto* row = new QHBoxLayout;
+  row->addWidget(name, 1);
+  row->addWidget(browse);
+  auto* layout = new QVBoxLayout(&ask);
+  layout->addWidget(label);
+  layout->addLayout(row);
+  layout->addWidget(buttons);
+  if (ask.exec() != QDialog::Accepted) return {};
+  return name->text().trimmed();
 }
 
 }  // namespace
@@ -130,27 +170,14 @@ void PipelineWindow::SwitchDatabase(const QString& name, StoreOpening opening) {
 }
 
 void PipelineWindow::OpenDatabase() {
-  QInputDialog ask(this);
-  ask.setWindowTitle(tr("Open Database"));
-  ask.setLabelText(tr("A database file, or a server's address (postgresql://user@host/name):"));
-  ask.setOkButtonText(tr("&Open"));
-  ask.setCancelButtonText(tr("Cancel"));
-  auto* browse = new QPushButton(tr("&Browse..."), &ask);
-  connect(browse, &QPushButton::clicked, &ask, [&ask, this] {
-    const QString file = QFileDialog::getOpenFileName(
-        this, tr("Open Database"), QString(), tr("IBO databases (*.db *.sqlite);;All files (*)"));
-    if (!file.isEmpty()) ask.setTextValue(file);
-  });
-  ask.layout()->addWidget(browse);
-  if (ask.exec() != QDialog::Accepted || ask.textValue().trimmed().isEmpty()) return;
-  SwitchDatabase(ask.textValue().trimmed(), StoreOpening::kExistingOnly);
+  const QString name = AskForDatabase(this, false);
+  if (!name.isEmpty()) SwitchDatabase(name, StoreOpening::kExistingOnly);
 }
 
 void PipelineWindow::NewDatabase() {
-  const QString file = QFileDialog::getSaveFileName(this, tr("New Database"), tr("deals.db"),
-                                                    tr("IBO databases (*.db)"));
-  if (file.isEmpty()) return;
-  SwitchDatabase(file, StoreOpening::kCreateIfMissing);
+  // Made empty, for real work: the demo deals are for the demo database only.
+  const QString name = AskForDatabase(this, true);
+  if (!name.isEmpty()) SwitchDatabase(name, StoreOpening::kCreateIfMissing);
 }
 
 }  // namespace pelkor::desktop
