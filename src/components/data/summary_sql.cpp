@@ -90,10 +90,10 @@ BuiltQuery Joined(std::vector<std::string> conditions, std::vector<SqlValue> par
 
 }  // namespace
 
-const SqlDialect kSqliteDialect = {"",    " COLLATE NOCASE", "",     "+",
-                                   false, "INTEGER",         "REAL", "INTEGER"};
-const SqlDialect kPostgresDialect = {"lower(", ")",       " COLLATE \"C\"",   "",
-                                     true,     "integer", "double precision", "bigint"};
+const SqlDialect kSqliteDialect = {"",     " COLLATE NOCASE", "",       "+", false, "INTEGER",
+                                   "REAL", "INTEGER",         "INTEGER"};
+const SqlDialect kPostgresDialect = {
+    "lower(", ")", " COLLATE \"C\"", "", true, "integer", "double precision", "bigint", "boolean"};
 
 std::vector<SqlValue> RecordValues(const IboRow& row) {
   const IboSummary& s = row.summary;

@@ -28,6 +28,7 @@ struct SqlDialect {
   const char* integer;
   const char* real;
   const char* bigint;
+  const char* boolean;
 };
 extern const SqlDialect kSqliteDialect;
 extern const SqlDialect kPostgresDialect;
