@@ -245,11 +245,17 @@ void ForecastPicture::paintEvent(QPaintEvent*) {
   p.setPen(palette().color(QPalette::Text));
   DrawTitle(p, QRect(0, 0, width(), kTitleRoom), tr("Open value by expected month"));
   const QRectF plot = Plot();
-  std::int64_t highest = 1;
+  std::int64_t highest = 0;
   for (const auto& stack : stacks_) {
     std::int64_t sum = 0;
     for (const std::int64_t value : stack) sum += value;
     highest = std::max(highest, sum);
+  }
+  if (highest <= 0) {
+    p.setPen(palette().color(QPalette::PlaceholderText));
+    p.drawText(plot, Qt::AlignCenter | Qt::TextWordWrap,
+               tr("No open deal is expected within the next twelve months"));
+    return;
   }
   const qreal slot = plot.width() / kBars;
   QFont small = p.font();
@@ -288,7 +294,7 @@ void ForecastPicture::paintEvent(QPaintEvent*) {
   }
   p.setPen(palette().color(QPalette::PlaceholderText));
   p.drawText(QRectF(plot.left(), plot.bottom() + 16, plot.width(), 16), Qt::AlignCenter,
-             tr("Highest bar: %1").arg(MoneyDisplay(stacks_.empty() ? 0 : highest)));
+             tr("Highest bar: %1").arg(MoneyDisplay(highest)));
 }
 
 bool ForecastPicture::event(QEvent* event) {

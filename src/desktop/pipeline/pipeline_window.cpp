@@ -58,6 +58,7 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
       status_(new QComboBox(this)),
       mine_(new QCheckBox(tr("&My deals"), this)),
       count_(new QLabel(this)),
+      empty_(new QLabel(table_->viewport())),
       matrix_(new MatrixPicture(this)),
       forecast_(new ForecastPicture(this)) {
   setObjectName("frmPipeline");
@@ -127,6 +128,12 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   split->setSizes({880, 300});
   setCentralWidget(split);
   statusBar()->addPermanentWidget(count_);
+  empty_->setObjectName("lblPipelineEmpty");
+  empty_->setAlignment(Qt::AlignCenter);
+  empty_->setWordWrap(true);
+  empty_->setForegroundRole(QPalette::PlaceholderText);
+  empty_->hide();
+  table_->viewport()->installEventFilter(this);
   BuildMenus();
 
   typing_.setSingleShot(true);
@@ -261,6 +268,16 @@ void PipelineWindow::UpdateCounts() {
   const IboQuery& query = model_->Query();
   const QString where = query.table == IboTable::kArchive ? tr("archived") : tr("in the pipeline");
   const auto total = static_cast<int>(model_->Total());
+  const bool filtered =
+      !query.search.empty() || !query.owner.empty() ||
+      status_->currentIndex() != (query.table == IboTable::kArchive ? kAllStatuses : kOpenDeals);
+  empty_->setText(query.table == IboTable::kArchive
+                      ? (filtered ? tr("No archived deal matches.") : tr("The archive is empty."))
+                  : filtered ? tr("No deal matches. Clear the search, or choose another status.")
+                             : tr("No open deals yet.\nRecord your first one with File > New IBO "
+                                  "(Ctrl+N)."));
+  empty_->setGeometry(table_->viewport()->rect());
+  empty_->setVisible(total == 0);
   count_->setText(
       tr(total == 1 ? "%1 deal %2" : "%1 deals %2").arg(QLocale().toString(total), where));
   IboQuery open;
@@ -328,6 +345,13 @@ void PipelineWindow::OpenDeal(std::int32_t id, bool archived) {
   editor_->show();
   editor_->raise();
   editor_->activateWindow();
+}
+
+bool PipelineWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == table_->viewport() && event->type() == QEvent::Resize) {
+    empty_->setGeometry(table_->viewport()->rect());
+  }
+  return QMainWindow::eventFilter(watched, event);
 }
 
 bool PipelineWindow::event(QEvent* event) {

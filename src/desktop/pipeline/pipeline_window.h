@@ -62,6 +62,7 @@ class PipelineWindow : public QMainWindow {
 
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
@@ -82,6 +83,8 @@ class PipelineWindow : public QMainWindow {
   QComboBox* status_;
   QCheckBox* mine_;
   QLabel* count_;
+  // Said over the empty table: how to make the first deal, or that nothing matches.
+  QLabel* empty_;
   MatrixPicture* matrix_;
   ForecastPicture* forecast_;
   QTimer typing_;
