@@ -138,9 +138,19 @@ class PipelineTest : public QObject {
     const std::int32_t id = editor->IboId();
     QVERIFY(id > 9001);
     QVERIFY(editor->windowTitle().contains("Acme Robotics"));
-    // A second open of the same deal raises the window already open.
+    // A second open of the same deal raises the window already open; another deal gets a
+    // window of its own beside it.
     p.window->OpenDeal(id, false);
     QCOMPARE(p.window->Editor(), editor);
+    p.window->OpenDeal(1001, false);
+    QPointer<pelkor::desktop::HostWindow> harbor(p.window->Editor());
+    QVERIFY(harbor != editor);
+    QCOMPARE(harbor->IboId(), 1001);
+    QVERIFY(editor->isVisible());
+    QCOMPARE(p.window->EditorOf(id), editor);
+    harbor->close();
+    QTRY_VERIFY(harbor.isNull());
+    QCOMPARE(editor->IboId(), id);
 
     editor->findChild<QRadioButton*>("optWihLow")->click();
     auto* save =

@@ -107,6 +107,12 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
                     [this] { return std::make_shared<QtContactLookup>(dbSource_()); });
 }
 
+std::unique_ptr<QtPlatform> EditorEnvironment::NewPlatform() {
+  auto platform = std::make_unique<QtPlatform>(factory_);
+  platform->CopyHooksFrom(platform_);
+  return platform;
+}
+
 std::string DefaultDatabasePath() {
   return InFolder(QStandardPaths::AppDataLocation, kDatabaseFileName);
 }

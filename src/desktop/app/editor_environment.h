@@ -29,6 +29,8 @@ class EditorEnvironment {
   EditorEnvironment& operator=(const EditorEnvironment&) = delete;
 
   QtPlatform& Platform() { return platform_; }
+  // A platform of its own for another editor window, on the same collaborators and database.
+  std::unique_ptr<QtPlatform> NewPlatform();
   // The database, opened at the first call; a file that cannot be opened is a PelkError.
   std::shared_ptr<IIboStore> Db() { return dbSource_(); }
   // What the editor's data objects have done so far: records written, and saves refused

@@ -32,7 +32,7 @@ void HostWindow::ChangeStatus(std::int32_t status) {
 void HostWindow::UpgradeToExpert() {
   if (!component_) return;
   // The upgrade cannot be undone: the user confirms it first.
-  const auto answer = environment_.Platform().MsgBox(
+  const auto answer = platform_.MsgBox(
       tr("Upgrade this IBO to Expert Mode? The Sales Environment questions become part of it, "
          "and an IBO cannot go back to Basic Mode.")
           .toStdString(),
@@ -52,7 +52,7 @@ void HostWindow::CompareWithStored() {
   });
   if (!compared) return;
   StoredVersionDialog dialog(iboId_, std::move(differences), this);
-  InstallHelpKey(dialog, environment_.Platform(), help_topic::kComparison);
+  InstallHelpKey(dialog, platform_, help_topic::kComparison);
   // The user chose to discard the changes: the component is replaced without asking again.
   if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
 }

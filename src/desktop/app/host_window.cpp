@@ -148,8 +148,14 @@ QString StatusName(std::int32_t status) {
 }
 
 HostWindow::HostWindow(EditorEnvironment& environment, QWidget* parent)
+    : HostWindow(environment, nullptr, parent) {}
+
+HostWindow::HostWindow(EditorEnvironment& environment, std::unique_ptr<QtPlatform> own,
+                       QWidget* parent)
     : QMainWindow(parent),
       environment_(environment),
+      ownPlatform_(std::move(own)),
+      platform_(ownPlatform_ ? *ownPlatform_ : environment.Platform()),
       statusLabel_(new QLabel(this)),
       modeLabel_(new QLabel(this)),
       tableLabel_(new QLabel(this)) {
@@ -165,14 +171,14 @@ HostWindow::HostWindow(EditorEnvironment& environment, QWidget* parent)
   InstallWindowKeys(*this);
   ShowNothingOpen();
   UpdateActions();
-  QtPlatform& platform = environment_.Platform();
+  QtPlatform& platform = platform_;
   platform.SetHostWindow(this);
   platform.SetCloseRequestHandler([this] { OnCloseRequested(); });
   platform.DialogOptions() = FormOptions(platform);
 }
 
 HostWindow::~HostWindow() {
-  QtPlatform& platform = environment_.Platform();
+  QtPlatform& platform = platform_;
   platform.SetCloseRequestHandler(nullptr);
   // The form goes before the component whose models it shows.
   delete form_;
@@ -214,7 +220,7 @@ void HostWindow::UpdateActions() {
 bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   std::unique_ptr<pelkedit::PelkIboEdit> component;
   const bool loaded = HostCall([&] {
-    component = std::make_unique<pelkedit::PelkIboEdit>(environment_.Platform(), *this);
+    component = std::make_unique<pelkedit::PelkIboEdit>(platform_, *this);
     component->ShowIbo(iboId, view);
   });
   // When the load fails, the IBO shown so far stays in the window.
@@ -223,7 +229,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   form->setObjectName("frmIboEdit");
   form->setMinimumSize(kFormWidth, kFormHeight);
   form->installEventFilter(this);
-  auto* binder = new Binder(component->Widgets(), form, FormOptions(environment_.Platform()));
+  auto* binder = new Binder(component->Widgets(), form, FormOptions(platform_));
   binder->setObjectName("binder");
   SetTabOrder(component->Widgets(), *binder);
   connect(binder, &Binder::userActionHandled, this, &HostWindow::AfterUserAction);
@@ -320,7 +326,7 @@ bool HostWindow::HostCall(const std::function<void()>& call) {
     call();
     return true;
   } catch (const std::exception& error) {
-    ShowError(environment_.Platform(), error);
+    ShowError(platform_, error);
     return false;
   }
 }
@@ -333,7 +339,7 @@ bool HostWindow::ChangeCall(const std::function<void()>& call) {
 
 bool HostWindow::ReleaseCurrent() {
   if (!component_) return true;
-  QtPlatform& platform = environment_.Platform();
+  QtPlatform& platform = platform_;
   const int writesBefore = environment_.WritesDone();
   const int messagesBefore = platform.MessagesShown();
   if (!HostCall([this] { component_->FormClose(); })) return false;
@@ -347,7 +353,7 @@ bool HostWindow::ReleaseCurrent() {
 }
 
 bool HostWindow::AskBeforeClosing() {
-  const auto answer = environment_.Platform().MsgBox(
+  const auto answer = platform_.MsgBox(
       tr("This IBO has changes that are not saved. Save them before closing?").toStdString(),
       pelkedit::MsgIcon::kQuestion, pelkedit::MsgButtons::kYesNoCancel, kAppTitle);
   if (answer == pelkedit::MsgAnswer::kNo) return true;
@@ -402,7 +408,7 @@ void HostWindow::SetExpertMode(bool expert) {
 }
 
 QtPlatform& HostWindow::Platform() {
-  return environment_.Platform();
+  return platform_;
 }
 
 QString HostWindow::StatusText() const {

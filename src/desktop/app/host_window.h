@@ -25,6 +25,10 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   Q_OBJECT
  public:
   explicit HostWindow(EditorEnvironment& environment, QWidget* parent = nullptr);
+  // A window with a platform of its own, so that several editor windows can be open at once,
+  // each receiving its own component's close request.
+  HostWindow(EditorEnvironment& environment, std::unique_ptr<QtPlatform> platform,
+             QWidget* parent = nullptr);
   ~HostWindow() override;
 
   // Shows the IBO in a fresh component. When it cannot be loaded the user is told and the IBO
@@ -84,6 +88,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void AfterUserAction();
 
   EditorEnvironment& environment_;
+  std::unique_ptr<QtPlatform> ownPlatform_;
+  QtPlatform& platform_;
   std::unique_ptr<pelkedit::PelkIboEdit> component_;
   QPointer<QWidget> form_;
   QPointer<Binder> binder_;

@@ -85,7 +85,7 @@ void PipelineWindow::NewDeal() {
 void PipelineWindow::ArchiveSelected() {
   const IboSummary* deal = Selected();
   if (deal == nullptr || deal->archived) return;
-  if (editor_ != nullptr && editor_->IboId() == deal->id) {
+  if (EditorOf(deal->id) != nullptr) {
     QMessageBox::information(this, kAppTitle,
                              tr("Close %1 in the editor first.").arg(DealName(*deal)));
     return;

@@ -152,9 +152,18 @@ void PipelineWindow::showEvent(QShowEvent* event) {
 }
 
 PipelineWindow::~PipelineWindow() {
-  if (editor_ == nullptr) return;
-  disconnect(editor_, nullptr, this, nullptr);
-  delete editor_;
+  for (const QPointer<HostWindow>& editor : editors_) {
+    if (editor.isNull()) continue;
+    disconnect(editor, nullptr, this, nullptr);
+    delete editor;
+  }
+}
+
+HostWindow* PipelineWindow::EditorOf(std::int32_t id) const {
+  for (const QPointer<HostWindow>& editor : editors_) {
+    if (!editor.isNull() && editor->IboId() == id) return editor;
+  }
+  return nullptr;
 }
 
 QWidget* PipelineWindow::BuildFilters() {
@@ -325,26 +334,28 @@ void PipelineWindow::OpenSelected() {
 
 void PipelineWindow::OpenDeal(std::int32_t id, bool archived) {
   const std::int32_t view = archived ? pelkedit::view::kArchive : pelkedit::view::kMain;
-  if (editor_ == nullptr) {
-    editor_ = new HostWindow(environment_);
-    editor_->setAttribute(Qt::WA_DeleteOnClose);
-    editor_->SetPipelineOpener([this] {
+  HostWindow* editor = EditorOf(id);
+  if (editor == nullptr) {
+    // Each deal in a window of its own, so that two can be looked at side by side.
+    editor = new HostWindow(environment_, environment_.NewPlatform());
+    editor->setAttribute(Qt::WA_DeleteOnClose);
+    editor->SetPipelineOpener([this] {
       show();
       raise();
       activateWindow();
     });
-    connect(editor_, &QObject::destroyed, this, [this] { Refresh(); });
-    if (!editor_->OpenIbo(id, view)) {
-      delete editor_;
+    connect(editor, &QObject::destroyed, this, [this] { Refresh(); });
+    if (!editor->OpenIbo(id, view)) {
+      delete editor;
       return;
     }
-  } else if (editor_->IboId() != id || editor_->View() != view) {
-    // One IBO is edited at a time: the open one is saved or given up first, as the user says.
-    if (!editor_->SwitchTo(id, view)) return;
+    std::erase_if(editors_, [](const QPointer<HostWindow>& open) { return open.isNull(); });
+    editors_.emplace_back(editor);
   }
-  editor_->show();
-  editor_->raise();
-  editor_->activateWindow();
+  last_ = editor;
+  editor->show();
+  editor->raise();
+  editor->activateWindow();
 }
 
 bool PipelineWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -363,9 +374,12 @@ bool PipelineWindow::event(QEvent* event) {
 }
 
 void PipelineWindow::closeEvent(QCloseEvent* event) {
-  if (editor_ != nullptr && !editor_->close()) {
-    event->ignore();
-    return;
+  // Every open deal is saved or given up first, as its window asks.
+  for (const QPointer<HostWindow>& editor : editors_) {
+    if (!editor.isNull() && !editor->close()) {
+      event->ignore();
+      return;
+    }
   }
   QMainWindow::closeEvent(event);
 }

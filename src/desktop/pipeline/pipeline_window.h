@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <vector>
 
 #include "app/editor_environment.h"
 #include "app/host_window.h"
@@ -30,10 +31,12 @@ class PipelineWindow : public QMainWindow {
   explicit PipelineWindow(EditorEnvironment& environment, QWidget* parent = nullptr);
   ~PipelineWindow() override;
 
-  // Opens a deal in the editor window (raising it when that deal is open already).
+  // Opens a deal in an editor window of its own (raising the one it is open in already).
   void OpenDeal(std::int32_t id, bool archived);
-  // The editor window, when one is open.
-  HostWindow* Editor() const { return editor_; }
+  // The editor window last opened or raised, while it is open.
+  HostWindow* Editor() const { return last_; }
+  // The editor window a deal is open in, or null.
+  HostWindow* EditorOf(std::int32_t id) const;
 
   // The commands of the menus.
   void NewDeal();
@@ -88,7 +91,8 @@ class PipelineWindow : public QMainWindow {
   MatrixPicture* matrix_;
   ForecastPicture* forecast_;
   QTimer typing_;
-  QPointer<HostWindow> editor_;
+  std::vector<QPointer<HostWindow>> editors_;
+  QPointer<HostWindow> last_;
   // Saves the editor has made when the pipeline last read its rows.
   int writesSeen_ = 0;
   // Whether the rows were read: not before the window is first shown.

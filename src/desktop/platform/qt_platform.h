@@ -44,6 +44,12 @@ class QtPlatform : public pelkedit::IPlatform {
   void SetCloseRequestHandler(std::function<void()> handler) {
     closeRequestHandler_ = std::move(handler);
   }
+  // Answers message boxes and takes command lines as `other` does (a second window's platform
+  // behaves as the first's in tests and scripted runs).
+  void CopyHooksFrom(const QtPlatform& other) {
+    messageHook_ = other.messageHook_;
+    processHook_ = other.processHook_;
+  }
   // How many message boxes have been asked for so far.
   int MessagesShown() const { return messagesShown_; }
 
