@@ -39,22 +39,6 @@ std::unique_ptr<pqxx::connection> Connect(const std::string& uri) {
   }
 }
 
-class PostgresRow final : public SqlRow {
- public:
-  explicit PostgresRow(const pqxx::row& row) : row_(row) {}
-  std::int32_t Int(int column) const override { return row_[column].as<std::int32_t>(); }
-  std::int64_t Int64(int column) const override { return row_[column].as<std::int64_t>(); }
-  double Double(int column) const override { return row_[column].as<double>(); }
-  std::string Text(int column) const override { return row_[column].as<std::string>(); }
-  pelkedit::Blob Bytes(int column) const override {
-    const pqxx::binarystring bytes(row_[column]);
-    return pelkedit::Blob(bytes.begin(), bytes.end());
-  }
-
- private:
-  const pqxx::row& row_;
-};
-
 // One database on a PostgreSQL server over one connection. A restarted server has dropped the
 // connection: one new connection is tried before giving up, which is safe because a
 // transaction that lost its connection before committing wrote nothing.

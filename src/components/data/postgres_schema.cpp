@@ -104,33 +104,6 @@ void CheckTables(pqxx::work& work, const std::string& refusal) {
   }
 }
 
-std::vector<std::pair<std::int32_t, pelkedit::Blob>> RecordBatch(pqxx::work& work,
-                                                                 const std::string& table,
-                                                                 std::int32_t after) {
-  std::vector<std::pair<std::int32_t, pelkedit::Blob>> batch;
-  for (const pqxx::row& row :
-       RunWith(work, "SELECT id, data FROM " + table + " WHERE id > ? ORDER BY id LIMIT ?",
-               {std::int64_t{after}, std::int64_t{kMigrationBatch}})) {
-    const pqxx::binarystring bytes(row[1]);
-    batch.emplace_back(row[0].as<std::int32_t>(), pelkedit::Blob(bytes.begin(), bytes.end()));
-  }
-  return batch;
-}
-
-std::vector<Contact> ContactBatch(pqxx::work& work, std::int64_t after) {
-  std::vector<Contact> batch;
-  for (const pqxx::row& row :
-       RunWith(work,
-               "SELECT id, first_name, last_name, company, address, phone, email FROM contacts"
-               " WHERE id > ? ORDER BY id LIMIT ?",
-               {after, std::int64_t{kMigrationBatch}})) {
-    batch.push_back({row[0].as<std::int64_t>(), row[1].as<std::string>(), row[2].as<std::string>(),
-                     row[3].as<std::string>(), row[4].as<std::string>(), row[5].as<std::string>(),
-                     row[6].as<std::string>()});
-  }
-  return batch;
-}
-
 // Trigram indexes find a substring without reading every row. A role that may not add the
 // extension gets no such index: searches still work, by reading the table.
 bool HasTrigrams(pqxx::work& work) {
@@ -149,10 +122,10 @@ void AddPipeline(pqxx::work& work) {
   steps.exec = [&](const std::string& sql, const std::vector<SqlValue>& params) {
     RunWith(work, sql, params);
   };
-  steps.records = [&](const std::string& table, std::int32_t after) {
-    return RecordBatch(work, table, after);
+  steps.query = [&](const std::string& sql, const std::vector<SqlValue>& params,
+                    const EachRow& each) {
+    for (const pqxx::row& row : RunWith(work, sql, params)) each(PostgresRow(row));
   };
-  steps.contacts = [&](std::int64_t after) { return ContactBatch(work, after); };
   AddSummaries(steps, kPostgresDialect);
   if (!HasTrigrams(work)) return;
   for (const std::string table : {"ibo_main", "ibo_archive", "contacts"}) {

@@ -22,6 +22,14 @@ class SqlRow {
 
 using EachRow = std::function<void(const SqlRow&)>;
 
+// The columns a contact is read from, and the contact a row of them holds.
+inline constexpr const char* kContactColumns =
+    "id, first_name, last_name, company, address, phone, email";
+inline Contact ContactOf(const SqlRow& row) {
+  return {row.Int64(0), row.Text(1), row.Text(2), row.Text(3),
+          row.Text(4),  row.Text(5), row.Text(6)};
+}
+
 // One connection to an IBO database, as the store uses it: statements written with `?` for
 // their parameters, run inside a transaction or on their own. The backends differ only here.
 class SqlConnection {

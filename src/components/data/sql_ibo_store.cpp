@@ -9,14 +9,8 @@ using pelkedit::Blob;
 
 // Rows one INSERT carries: far below either database's limit on parameters.
 constexpr std::size_t kRowsPerStatement = 200;
-
-constexpr const char* kContactColumns = "id, first_name, last_name, company, address, phone, email";
-
-std::string Marks(std::size_t count) {
-  std::string marks;
-  for (std::size_t i = 0; i < count; ++i) marks += i == 0 ? "?" : ", ?";
-  return marks;
-}
+// A contact's columns as it is added: the six fields and the search text.
+constexpr std::size_t kContactColumnsWritten = 7;
 
 std::vector<SqlValue> WriteParams(const IboRow& row, const std::string& owner,
                                   const std::string& savedAt, const std::string& savedBy) {
@@ -24,11 +18,6 @@ std::vector<SqlValue> WriteParams(const IboRow& row, const std::string& owner,
   for (SqlValue& value : RecordValues(row)) params.push_back(std::move(value));
   params.insert(params.end(), {owner, savedAt, savedBy, row.data});
   return params;
-}
-
-Contact ContactOf(const SqlRow& row) {
-  return {row.Int64(0), row.Text(1), row.Text(2), row.Text(3),
-          row.Text(4),  row.Text(5), row.Text(6)};
 }
 
 }  // namespace
@@ -203,10 +192,11 @@ int SqlIboStore::AddContacts(const std::vector<Contact>& contacts) {
       std::string sql =
           "INSERT INTO contacts (first_name, last_name, company, address, phone, email, search)"
           " VALUES ";
+      const std::string tuple = "(" + Marks(kContactColumnsWritten) + ")";
       std::vector<SqlValue> params;
       for (std::size_t i = from; i < to; ++i) {
         const Contact& c = contacts[i];
-        sql += (i == from ? "" : ", ") + std::string("(?, ?, ?, ?, ?, ?, ?)");
+        sql += (i == from ? "" : ", ") + tuple;
         params.insert(params.end(), {c.first, c.last, c.company, c.address, c.phone, c.email,
                                      ContactSearchText(c)});
       }

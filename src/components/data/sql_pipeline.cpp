@@ -173,15 +173,12 @@ std::vector<StoredIbo> SqlIboStore::ReadBatch(IboTable table, std::int32_t after
 
 std::vector<StoredIbo> SqlIboStore::FindMany(IboTable table, const std::vector<std::int32_t>& ids) {
   if (ids.empty()) return {};
-  std::string marks;
   std::vector<SqlValue> params;
-  for (const std::int32_t id : ids) {
-    marks += marks.empty() ? "?" : ", ?";
-    params.emplace_back(std::int64_t{id});
-  }
+  for (const std::int32_t id : ids) params.emplace_back(std::int64_t{id});
   return StoredRows(table,
                     std::string("SELECT id, data, owner, saved_at, saved_by FROM ") +
-                        TableSqlName(table) + " WHERE id IN (" + marks + ") ORDER BY id",
+                        TableSqlName(table) + " WHERE id IN (" + Marks(ids.size()) +
+                        ") ORDER BY id",
                     params);
 }
 

@@ -17,23 +17,6 @@
 namespace pelkor::data_detail {
 namespace {
 
-class SqliteRow final : public SqlRow {
- public:
-  explicit SqliteRow(SQLite::Statement& statement) : statement_(statement) {}
-  std::int32_t Int(int column) const override { return statement_.getColumn(column).getInt(); }
-  std::int64_t Int64(int column) const override { return statement_.getColumn(column).getInt64(); }
-  double Double(int column) const override { return statement_.getColumn(column).getDouble(); }
-  std::string Text(int column) const override { return statement_.getColumn(column).getString(); }
-  pelkedit::Blob Bytes(int column) const override {
-    const SQLite::Column value = statement_.getColumn(column);
-    const auto* bytes = static_cast<const std::uint8_t*>(value.getBlob());
-    return pelkedit::Blob(bytes, bytes + value.getBytes());
-  }
-
- private:
-  SQLite::Statement& statement_;
-};
-
 // One SQLite file. A writing transaction is immediate: it holds the file's write lock from its
 // start, which also makes one creator at a time take the next IBO number.
 class SqliteConnection final : public SqlConnection {

@@ -67,54 +67,21 @@ void CheckReadable(SQLite::Database& db, const std::string& refusal) {
   }
 }
 
-std::vector<std::pair<std::int32_t, pelkedit::Blob>> RecordBatch(SQLite::Database& db,
-                                                                 const std::string& table,
-                                                                 std::int32_t after) {
-  SQLite::Statement query(db,
-                          "SELECT id, data FROM " + table + " WHERE id > ? ORDER BY id LIMIT ?");
-  query.bind(1, after);
-  query.bind(2, kMigrationBatch);
-  std::vector<std::pair<std::int32_t, pelkedit::Blob>> batch;
-  while (query.executeStep()) {
-    const SQLite::Column data = query.getColumn(1);
-    const auto* bytes = static_cast<const std::uint8_t*>(data.getBlob());
-    batch.emplace_back(query.getColumn(0).getInt(), pelkedit::Blob(bytes, bytes + data.getBytes()));
-  }
-  return batch;
-}
-
-std::vector<Contact> ContactBatch(SQLite::Database& db, std::int64_t after) {
-  SQLite::Statement query(db,
-                          "SELECT id, first_name, last_name, company, address, phone, email"
-                          " FROM contacts WHERE id > ? ORDER BY id LIMIT ?");
-  query.bind(1, after);
-  query.bind(2, kMigrationBatch);
-  std::vector<Contact> batch;
-  while (query.executeStep()) {
-    batch.push_back({query.getColumn(0).getInt64(), query.getColumn(1).getString(),
-                     query.getColumn(2).getString(), query.getColumn(3).getString(),
-                     query.getColumn(4).getString(), query.getColumn(5).getString(),
-                     query.getColumn(6).getString()});
-  }
-  return batch;
-}
-
-void ExecBound(SQLite::Database& db, const std::string& sql, const std::vector<SqlValue>& params) {
-  SQLite::Statement statement(db, sql);
-  BindAll(statement, params);
-  statement.exec();
-}
-
 // The pipeline's summaries, filled from the records, and the search indexes.
 void AddPipeline(SQLite::Database& db) {
   MigrationSteps steps;
   steps.exec = [&](const std::string& sql, const std::vector<SqlValue>& params) {
-    ExecBound(db, sql, params);
+    SQLite::Statement statement(db, sql);
+    BindAll(statement, params);
+    statement.exec();
   };
-  steps.records = [&](const std::string& table, std::int32_t after) {
-    return RecordBatch(db, table, after);
+  steps.query = [&](const std::string& sql, const std::vector<SqlValue>& params,
+                    const EachRow& each) {
+    SQLite::Statement statement(db, sql);
+    BindAll(statement, params);
+    const SqliteRow row(statement);
+    while (statement.executeStep()) each(row);
   };
-  steps.contacts = [&](std::int64_t after) { return ContactBatch(db, after); };
   AddSummaries(steps, kSqliteDialect);
   // The folded search text is scanned from a narrow index instead of the wide table.
   for (const IboTable table : kTables) {

@@ -1,16 +1,25 @@
 #include "data/summary_export.h"
 
-#include <array>
+#include <algorithm>
+#include <climits>
 #include <cstdio>
 
 #include <nlohmann/json.hpp>
 
+#include "data/ibo_store.h"
+#include "products/product_text.h"
+#include "record/ibo_properties.h"
 #include "values/currency.h"
 
 namespace pelkor {
 namespace {
 
-constexpr std::array<const char*, 5> kStatusWords = {"Unknown", "Open", "Won", "Lost", "Cancelled"};
+// EditIBOStatusEnum's codes with a word of their own: open, won, lost, cancelled.
+constexpr std::int32_t kFirstStatus = 1;
+constexpr std::int32_t kLastStatus = 4;
+constexpr int kMoneyDecimals = 2;
+// Rows asked of the store at a time while exporting.
+constexpr std::int64_t kExportPage = 1000;
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string Lower(std::string text) {
@@ -51,24 +60,16 @@ std::string CsvField(const ExportCell& cell) {
 
 }  // namespace
 
-std::string StatusWord(std::int32_t status) {
-  if (status < 0 || status >= static_cast<std::int32_t>(kStatusWords.size())) return "Unknown";
-  return kStatusWords[static_cast<std::size_t>(status)];
-}
-
 std::optional<std::int32_t> StatusNamed(const std::string& word) {
-  for (std::size_t code = 1; code < kStatusWords.size(); ++code) {
-    if (Lower(word) == Lower(kStatusWords[code])) return static_cast<std::int32_t>(code);
+  for (std::int32_t code = kFirstStatus; code <= kLastStatus; ++code) {
+    if (Lower(word) == Lower(StatusTextOf(code))) return code;
   }
   return std::nullopt;
 }
 
 std::string MoneyText(std::int64_t tenThousandths) {
-  std::string text = pelkedit::Currency::FromScaled(tenThousandths).ToString();
-  const auto point = text.find('.');
-  if (point == std::string::npos) return text + ".00";
-  if (text.size() - point == 2) return text + "0";
-  return text;
+  // As stored texts write amounts: a point and no group marks.
+  return FormatAmount(pelkedit::Currency::FromScaled(tenThousandths), kMoneyDecimals, {".", ""});
 }
 
 std::vector<ExportCell> ExportCells(const IboSummary& s) {
@@ -79,7 +80,7 @@ std::vector<ExportCell> ExportCells(const IboSummary& s) {
           Number(std::to_string(s.iboNumber)),
           Text(s.company),
           Text(contact),
-          Text(StatusWord(s.status)),
+          Text(StatusTextOf(s.status)),
           Text(s.expert ? "expert" : "basic"),
           Number(std::to_string(s.priority)),
           Number(std::to_string(s.advisorPriority)),
@@ -93,6 +94,21 @@ std::vector<ExportCell> ExportCells(const IboSummary& s) {
           Text(s.owner),
           Text(s.savedAt),
           Text(s.savedBy)};
+}
+
+std::int64_t ForEachSummary(IIboStore& store, IboQuery query, std::int64_t limit,
+                            const std::function<void(const IboSummary&)>& each) {
+  std::int64_t total = 0;
+  for (std::int64_t left = limit < 0 ? INT64_MAX : limit; left > 0;) {
+    query.limit = std::min(left, kExportPage);
+    const IboPage page = store.QueryIbos(query);
+    total = page.total;
+    for (const IboSummary& row : page.rows) each(row);
+    if (static_cast<std::int64_t>(page.rows.size()) < query.limit) break;
+    left -= query.limit;
+    query.offset += query.limit;
+  }
+  return total;
 }
 
 CsvWriter::CsvWriter(std::ostream& out) : out_(out) {}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -19,14 +21,20 @@ struct ExportCell {
 // contact as "First Last", money with at least two decimals.
 std::vector<ExportCell> ExportCells(const IboSummary& summary);
 
-// "Open", "Won", "Lost", "Cancelled"; "Unknown" for any other code.
-std::string StatusWord(std::int32_t status);
 // The status codes of the words "open", "won", "lost", "cancelled" (any case); nullopt for
 // any other word.
 std::optional<std::int32_t> StatusNamed(const std::string& word);
 
 // The money in ten-thousandths as decimal text with at least two decimals: "72980.00".
 std::string MoneyText(std::int64_t tenThousandths);
+
+class IIboStore;
+
+// Calls `each` for the rows `query` matches from its offset on, up to `limit` of them (all when
+// negative), asking the store a page at a time so that memory stays small; returns how many
+// rows match in all.
+std::int64_t ForEachSummary(IIboStore& store, IboQuery query, std::int64_t limit,
+                            const std::function<void(const IboSummary&)>& each);
 
 // CSV as spreadsheets read it: RFC 4180 quoting, CRLF line ends, UTF-8 with a byte-order mark,
 // and text cells that would start a formula (=, +, -, @, tab, CR) prefixed with an apostrophe

@@ -49,7 +49,10 @@ void UpdateRows(const MigrationSteps& steps, const std::string& table,
 void FillTable(const MigrationSteps& steps, IboTable table, const SqlDialect& dialect) {
   const std::string name = TableSqlName(table);
   for (std::int32_t after = 0;;) {
-    const auto batch = steps.records(name, after);
+    std::vector<std::pair<std::int32_t, pelkedit::Blob>> batch;
+    steps.query("SELECT id, data FROM " + name + " WHERE id > ? ORDER BY id LIMIT ?",
+                {std::int64_t{after}, std::int64_t{kMigrationBatch}},
+                [&](const SqlRow& row) { batch.emplace_back(row.Int(0), row.Bytes(1)); });
     if (batch.empty()) return;
     std::vector<std::pair<std::int32_t, IboRow>> rows;
     for (const auto& [id, data] : batch) {
@@ -75,7 +78,11 @@ void FillTable(const MigrationSteps& steps, IboTable table, const SqlDialect& di
 void FillContacts(const MigrationSteps& steps, const SqlDialect& dialect) {
   const std::string tuple = "(CAST(? AS " + std::string(dialect.bigint) + "), CAST(? AS TEXT))";
   for (std::int64_t after = 0;;) {
-    const std::vector<Contact> batch = steps.contacts(after);
+    std::vector<Contact> batch;
+    steps.query(std::string("SELECT ") + kContactColumns +
+                    " FROM contacts WHERE id > ? ORDER BY id LIMIT ?",
+                {after, std::int64_t{kMigrationBatch}},
+                [&](const SqlRow& row) { batch.push_back(ContactOf(row)); });
     if (batch.empty()) return;
     std::string sql = "UPDATE contacts SET search = v.column2 FROM (VALUES ";
     std::vector<SqlValue> params;

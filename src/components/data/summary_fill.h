@@ -6,20 +6,17 @@
 #include <utility>
 #include <vector>
 
-#include "data/summary_sql.h"
+#include "data/sql_connection.h"
 
 namespace pelkor::data_detail {
 
-// What the summary columns' migration needs of a backend, inside its migration transaction.
+// What the summary columns' migration needs of a backend, inside its migration transaction:
+// statements run, and rows read, as the store's connections run and read them.
 struct MigrationSteps {
-  // Runs one statement.
   std::function<void(const std::string& sql, const std::vector<SqlValue>& params)> exec;
-  // Up to a batch of a table's (id, record) after `afterId`, in id order.
-  std::function<std::vector<std::pair<std::int32_t, pelkedit::Blob>>(const std::string& table,
-                                                                     std::int32_t afterId)>
-      records;
-  // Up to a batch of contacts after `afterId`, in id order.
-  std::function<std::vector<Contact>(std::int64_t afterId)> contacts;
+  std::function<void(const std::string& sql, const std::vector<SqlValue>& params,
+                     const EachRow& each)>
+      query;
 };
 
 // How many rows a migration reads at a time.

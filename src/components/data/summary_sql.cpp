@@ -90,6 +90,12 @@ BuiltQuery Joined(std::vector<std::string> conditions, std::vector<SqlValue> par
 
 }  // namespace
 
+std::string Marks(std::size_t count) {
+  std::string marks;
+  for (std::size_t i = 0; i < count; ++i) marks += i == 0 ? "?" : ", ?";
+  return marks;
+}
+
 const SqlDialect kSqliteDialect = {"",     " COLLATE NOCASE", "",       "+", false, "INTEGER",
                                    "REAL", "INTEGER",         "INTEGER"};
 const SqlDialect kPostgresDialect = {
@@ -167,12 +173,8 @@ BuiltQuery BuildQuery(const IboQuery& query, const SqlDialect& dialect) {
     std::vector<std::string> all;
     AddSearch(query.search, all, params);
     if (!query.statuses.empty()) {
-      std::string in;
-      for (const std::int32_t status : query.statuses) {
-        in += in.empty() ? "?" : ", ?";
-        params.emplace_back(std::int64_t{status});
-      }
-      all.push_back(std::string(hint) + "status IN (" + in + ")");
+      for (const std::int32_t status : query.statuses) params.emplace_back(std::int64_t{status});
+      all.push_back(std::string(hint) + "status IN (" + Marks(query.statuses.size()) + ")");
     }
     if (!query.owner.empty()) {
       all.push_back(std::string(hint) + "owner = ?");

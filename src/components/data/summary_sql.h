@@ -45,6 +45,9 @@ inline constexpr std::array kStampColumns = {"owner", "saved_at", "saved_by"};
 using SqlValue = std::variant<std::int64_t, double, std::string, const pelkedit::Blob*>;
 std::vector<SqlValue> RecordValues(const IboRow& row);
 
+// "?, ?, ?": `count` parameter marks.
+std::string Marks(std::size_t count);
+
 // "a, b, c" of a list of column names.
 template <std::size_t N>
 std::string ColumnList(const std::array<const char*, N>& columns) {

@@ -77,10 +77,7 @@ class IboProperties final : public pelkedit::IRecord {
 
   std::string StatusText(std::int32_t status) override {
     if (status == kOwnStatus) status = Get("Status").AsLong();
-    if (status < 0 || static_cast<std::size_t>(status) >= kStatusTexts.size()) {
-      return kStatusTexts[0];
-    }
-    return kStatusTexts[static_cast<std::size_t>(status)];
+    return StatusTextOf(status);
   }
 
   pelkedit::Blob GetIboData() override { return detail::EncodeRecord(values_); }
@@ -93,6 +90,13 @@ class IboProperties final : public pelkedit::IRecord {
 };
 
 }  // namespace
+
+std::string StatusTextOf(std::int32_t status) {
+  if (status < 0 || static_cast<std::size_t>(status) >= kStatusTexts.size()) {
+    return kStatusTexts[0];
+  }
+  return kStatusTexts[static_cast<std::size_t>(status)];
+}
 
 const std::vector<PropertyInfo>& RecordSchema() {
   static const std::vector<PropertyInfo> schema = [] {

@@ -13,6 +13,9 @@ namespace pelkor {
 // Source of every error the record object and its storage form raise.
 inline constexpr const char* kRecordSource = "PelkComn.IboProperties";
 
+// The display text of an EditIBOStatusEnum code ("Open", "Won", ...); "Unknown" for any other.
+std::string StatusTextOf(std::int32_t status);
+
 // One property of the record as callers reach it by name. Indexed properties hold one value
 // per trial-close slot (0..9) and are reached through GetAt/SetAt; read-only properties are
 // derived from others and refuse writes.

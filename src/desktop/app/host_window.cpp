@@ -26,7 +26,6 @@ namespace {
 // The component's area in pixels.
 constexpr int kFormWidth = 600;
 constexpr int kFormHeight = 400;
-constexpr const char* kAppTitle = "Pelkor";
 // Long enough to read after closing the refusal's message box.
 constexpr int kConflictMessageMs = 30000;
 

@@ -19,6 +19,9 @@ class QMenu;
 
 namespace pelkor::desktop {
 
+// The application's name in window titles and message boxes.
+inline constexpr const char* kAppTitle = "Pelkor";
+
 // The main window of pelkor-edit: one editor component at a time, drawn by the binder on a
 // form of the component's size, with the host's own menu, title and status bar.
 class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {

@@ -21,10 +21,6 @@
 namespace pelkor::desktop {
 namespace {
 
-// Rows read at a time while exporting.
-constexpr std::int64_t kExportPage = 1000;
-constexpr const char* kAppTitle = "Pelkor";
-
 QString DealName(const IboSummary& deal) {
   return QObject::tr("IBO#%1 (%2)").arg(deal.iboNumber).arg(QString::fromStdString(deal.company));
 }
@@ -139,17 +135,12 @@ void PipelineWindow::ExportShown() {
   }
   CsvWriter csv(out);
   csv.Header();
-  IboQuery page = model_->Query();
-  page.offset = 0;
-  page.limit = kExportPage;
+  IboQuery shown = model_->Query();
+  shown.offset = 0;
   std::int64_t written = 0;
   const bool read = StoreCall([&] {
-    for (;; page.offset += kExportPage) {
-      const IboPage rows = environment_.Db()->QueryIbos(page);
-      for (const IboSummary& deal : rows.rows) csv.Row(deal);
-      written += static_cast<std::int64_t>(rows.rows.size());
-      if (static_cast<std::int64_t>(rows.rows.size()) < kExportPage) break;
-    }
+    written = ForEachSummary(*environment_.Db(), shown, -1,
+                             [&](const IboSummary& deal) { csv.Row(deal); });
   });
   out.close();
   if (!read || !out) {

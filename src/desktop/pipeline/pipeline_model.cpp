@@ -6,14 +6,15 @@
 #include <algorithm>
 
 #include "app/host_window.h"
-#include "data/summary_export.h"
 #include "pictures/drawing.h"
+#include "product_view/product_table.h"
 
 namespace pelkor::desktop {
 namespace {
 
 // Rows read from the database at a time; a screenful or two.
 constexpr std::int64_t kPageRows = 100;
+constexpr int kMoneyDecimals = 2;
 // EditIBOStatusEnum's open.
 constexpr std::int32_t kOpen = 1;
 // A date that has passed: red, and bold for those who cannot tell red.
@@ -30,15 +31,8 @@ QDate DateOf(const std::string& iso) {
 }  // namespace
 
 QString MoneyDisplay(std::int64_t tenThousandths) {
-  // Exact: the text is taken apart, not converted through a double.
-  const QString text = QString::fromStdString(MoneyText(tenThousandths));
-  const QLocale locale;
-  const qsizetype point = text.indexOf('.');
-  const bool negative = text.startsWith('-');
-  QString whole = text.mid(negative ? 1 : 0, point - (negative ? 1 : 0));
-  for (qsizetype at = whole.size() - 3; at > 0; at -= 3) whole.insert(at, locale.groupSeparator());
-  return (negative ? locale.negativeSign() : QString()) + whole + locale.decimalPoint() +
-         text.mid(point + 1);
+  return QString::fromStdString(FormatAmount(pelkedit::Currency::FromScaled(tenThousandths),
+                                             kMoneyDecimals, LocaleNumberMarks()));
 }
 
 PipelineModel::PipelineModel(StoreSource store, std::function<void(const QString&)> failed,
@@ -93,18 +87,24 @@ void PipelineModel::Refresh() {
   endResetModel();
 }
 
-void PipelineModel::Load(std::int64_t rows) {
+std::vector<IboSummary> PipelineModel::ReadRows(std::int64_t rows) {
   IboQuery page = query_;
   page.offset = static_cast<std::int64_t>(rows_.size());
   page.limit = rows;
   try {
     IboPage read = store_()->QueryIbos(page);
     total_ = read.total;
-    for (IboSummary& deal : read.rows) rows_.push_back(std::move(deal));
+    return std::move(read.rows);
   } catch (const std::exception& error) {
+    // What was read stays; nothing more is asked for until the next query.
     total_ = static_cast<std::int64_t>(rows_.size());
     failed_(ErrorText(error));
+    return {};
   }
+}
+
+void PipelineModel::Load(std::int64_t rows) {
+  for (IboSummary& deal : ReadRows(rows)) rows_.push_back(std::move(deal));
 }
 
 const IboSummary* PipelineModel::Summary(int row) const {
@@ -132,21 +132,12 @@ bool PipelineModel::canFetchMore(const QModelIndex& parent) const {
 
 void PipelineModel::fetchMore(const QModelIndex& parent) {
   if (!canFetchMore(parent)) return;
+  std::vector<IboSummary> read = ReadRows(kPageRows);
+  if (read.empty()) return;
   const int first = static_cast<int>(rows_.size());
-  IboQuery page = query_;
-  page.offset = first;
-  page.limit = kPageRows;
-  try {
-    IboPage read = store_()->QueryIbos(page);
-    total_ = read.total;
-    if (read.rows.empty()) return;
-    beginInsertRows({}, first, first + static_cast<int>(read.rows.size()) - 1);
-    for (IboSummary& deal : read.rows) rows_.push_back(std::move(deal));
-    endInsertRows();
-  } catch (const std::exception& error) {
-    total_ = static_cast<std::int64_t>(rows_.size());
-    failed_(ErrorText(error));
-  }
+  beginInsertRows({}, first, first + static_cast<int>(read.size()) - 1);
+  for (IboSummary& deal : read) rows_.push_back(std::move(deal));
+  endInsertRows();
 }
 
 void PipelineModel::sort(int column, Qt::SortOrder order) {

@@ -63,6 +63,8 @@ class PipelineModel : public QAbstractTableModel {
   static bool Overdue(const IboSummary& deal, const QDate& today);
 
  private:
+  // The next `rows` rows after those fetched; none when the database fails (the user is told).
+  std::vector<IboSummary> ReadRows(std::int64_t rows);
   void Load(std::int64_t rows);
   QVariant Display(const IboSummary& deal, int column) const;
 

@@ -28,7 +28,6 @@ namespace {
 constexpr int kTypingPauseMs = 150;
 // The matrix draws the largest open deals, as many as stay readable.
 constexpr std::int64_t kMatrixDeals = 300;
-constexpr const char* kAppTitle = "Pelkor";
 // Places in the status filter.
 constexpr int kOpenDeals = 0;
 constexpr int kAllStatuses = 5;

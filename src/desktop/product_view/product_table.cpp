@@ -33,12 +33,15 @@ bool Numeric(Column column) {
 
 }  // namespace
 
+NumberMarks LocaleNumberMarks() {
+  const QLocale locale = QLocale::system();
+  return {locale.decimalPoint().toStdString(), locale.groupSeparator().toStdString()};
+}
+
 ProductTableModel::ProductTableModel(std::shared_ptr<ProductListView> view, QObject* parent)
     : QAbstractTableModel(parent), view_(std::move(view)) {
   // Amounts are typed and shown as the user's locale writes numbers.
-  const QLocale locale = QLocale::system();
-  view_->SetNumberMarks(
-      {locale.decimalPoint().toStdString(), locale.groupSeparator().toStdString()});
+  view_->SetNumberMarks(LocaleNumberMarks());
   view_->onChanged = [this] {
     if (!editing_) Reset();
     emit totalChanged();

@@ -12,8 +12,12 @@ class QPushButton;
 class QTableView;
 
 namespace pelkor::desktop {
+
+// The marks the user's locale writes numbers with: amounts are shown and typed in them.
+NumberMarks LocaleNumberMarks();
+
 class ProductTableView;
-}
+}  // namespace pelkor::desktop
 
 namespace pelkor::desktop {
 

@@ -14,9 +14,6 @@
 namespace pelkor::tool {
 namespace {
 
-// Rows fetched from the database at a time while a listing streams out.
-constexpr std::int64_t kListPage = 1000;
-
 std::shared_ptr<IIboStore> OpenExisting(const std::string& name) {
   return OpenIboStore(name, StoreOpening::kExistingOnly);
 }
@@ -51,23 +48,6 @@ IboQuery QueryOf(const ListOptions& options) {
   return query;
 }
 
-// Calls `each` for every row the query matches from its offset, up to `limit` (-1: all), a page
-// at a time so that memory stays small.
-template <typename Each>
-std::int64_t ForEachRow(IIboStore& store, IboQuery query, long long limit, Each&& each) {
-  std::int64_t total = 0;
-  for (std::int64_t left = limit < 0 ? INT64_MAX : limit; left > 0;) {
-    query.limit = std::min(left, kListPage);
-    const IboPage page = store.QueryIbos(query);
-    total = page.total;
-    for (const IboSummary& row : page.rows) each(row);
-    if (static_cast<std::int64_t>(page.rows.size()) < query.limit) break;
-    left -= query.limit;
-    query.offset += query.limit;
-  }
-  return total;
-}
-
 // Characters, not bytes, so that "Müller" pads like "Muller".
 std::size_t Width(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
@@ -85,7 +65,7 @@ void PrintTable(IIboStore& store, const IboQuery& query, long long limit) {
   std::vector<ExportCell> header;
   for (const SummaryColumn column : kShown) header.push_back({SummaryColumnName(column), false});
   lines.push_back(header);
-  const std::int64_t total = ForEachRow(store, query, limit, [&](const IboSummary& row) {
+  const std::int64_t total = ForEachSummary(store, query, limit, [&](const IboSummary& row) {
     const std::vector<ExportCell> cells = ExportCells(row);
     std::vector<ExportCell> line;
     for (const SummaryColumn column : kShown)
@@ -128,10 +108,10 @@ void ListPipeline(const std::string& database, const ListOptions& options) {
   } else if (options.format == "csv") {
     CsvWriter csv(std::cout);
     csv.Header();
-    ForEachRow(*store, query, options.limit, [&](const IboSummary& row) { csv.Row(row); });
+    ForEachSummary(*store, query, options.limit, [&](const IboSummary& row) { csv.Row(row); });
   } else {
     JsonWriter json(std::cout);
-    ForEachRow(*store, query, options.limit, [&](const IboSummary& row) { json.Row(row); });
+    ForEachSummary(*store, query, options.limit, [&](const IboSummary& row) { json.Row(row); });
   }
 }
 
