@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include "pipeline/new_deal_dialog.h"
+#include "pipeline/pipeline_model.h"
 #include "pipeline/pipeline_pictures.h"
 #include "pipeline/pipeline_window.h"
 
@@ -30,7 +31,12 @@ QStringList WritePipelineScreenshots(PipelineWindow& pipeline, const QString& fo
   written << Save(pipeline, dir, "pipeline-main.png");
   written << Save(*pipeline.Matrix(), dir, "pipeline-matrix.png");
   written << Save(*pipeline.Forecast(), dir, "pipeline-forecast.png");
-  pipeline.Search()->setText("harbor");
+  // A search for a word of the last deal listed, as a user looking for it would type.
+  const int last = pipeline.Model()->rowCount() - 1;
+  const IboSummary* deal = pipeline.Model()->Summary(last);
+  pipeline.Search()->setText(
+      deal == nullptr ? QString("harbor")
+                      : QString::fromStdString(deal->company).section(' ', 0, 0).toLower());
   pipeline.ApplyFilters();
   written << Save(pipeline, dir, "pipeline-search.png");
   pipeline.Search()->clear();

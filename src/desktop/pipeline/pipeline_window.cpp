@@ -94,6 +94,8 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   header->setSortIndicator(PipelineModel::kCompany, Qt::AscendingOrder);
   table_->setSortingEnabled(true);
   table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // Tab leaves the list for the next control; the arrows move within it.
+  table_->setTabKeyNavigation(false);
   connect(table_, &QTableView::doubleClicked, this, &PipelineWindow::OpenSelected);
   for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
     auto* open = new QShortcut(QKeySequence(key), table_, nullptr, nullptr, Qt::WidgetShortcut);
@@ -126,6 +128,11 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   split->setStretchFactor(1, 1);
   split->setSizes({880, 300});
   setCentralWidget(split);
+  // Left to right, then down into the list.
+  setTabOrder(tables_, search_);
+  setTabOrder(search_, status_);
+  setTabOrder(status_, mine_);
+  setTabOrder(mine_, table_);
   statusBar()->addPermanentWidget(count_);
   empty_->setObjectName("lblPipelineEmpty");
   empty_->setAlignment(Qt::AlignCenter);
