@@ -325,6 +325,8 @@ bool HostWindow::HostCall(const std::function<void()>& call) {
     call();
     return true;
   } catch (const std::exception& error) {
+    // A failed call may leave the component's hourglass up; the user gets their pointer back.
+    platform_.SetScreenPointer(pelkedit::MousePointer::kDefault);
     ShowError(platform_, error);
     return false;
   }

@@ -93,15 +93,14 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
   RunMethod(proc, [&] {
     const MousePointer previous = ctx.platform.ScreenPointer();
     ctx.platform.SetScreenPointer(MousePointer::kHourglass);
-    // A failed load leaves the user neither the hourglass nor a half-loaded record: the record
-    // object goes back to what it held, so a later save cannot write what was never shown.
+    // A failed load leaves no half-loaded record: the record object goes back to what it held,
+    // so a later save cannot write what was never shown. The pointer stays as the failure left
+    // it; giving it back is the host's business after any failed call.
     struct Restore {
       EditorContext& ctx;
-      MousePointer pointer;
       std::optional<Blob> record;
       ~Restore() {
         if (std::uncaught_exceptions() == 0) return;
-        ctx.platform.SetScreenPointer(pointer);
         if (!record || !ctx.record) return;
         // The load's own error is the one the host hears of; a record that cannot take back
         // its own storage form leaves nothing better to report.
@@ -110,7 +109,7 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
         } catch (const PelkError&) {
         }
       }
-    } restore{ctx, previous, std::nullopt};
+    } restore{ctx, std::nullopt};
 
     ctx.state.dbView = view;
     const std::string procName = ctx.saving->RetrievalProcedure(view, proc);

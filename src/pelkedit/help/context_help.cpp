@@ -97,8 +97,11 @@ void OpenHelpTopic(IPlatform& platform, std::int32_t mapId) {
                         std::to_string(mapId) + " " + path);
 }
 
+// A help handler of its own: a failure is shown here, without an owner, and the request ends,
+// so the label's click handler goes on to its normal end.
 void ShowContextHelp(EditorContext& ctx, std::int32_t mapId) {
-  RunMethod(EditorContext::Proc("ShowContextHelp"), [&] { OpenHelpTopic(ctx.platform, mapId); });
+  RunHelpHandler(EditorContext::Proc("ShowContextHelp"),
+                 [&] { OpenHelpTopic(ctx.platform, mapId); });
 }
 
 void WireContextHelp(EditorContext& ctx) {
