@@ -47,7 +47,7 @@ const FactSource kExpertFacts[] = {
 
 }  // namespace
 
-void EditorContext::InitAdvisor() {
+void EditorContext::InitAdvisor(bool copyResults) {
   RunMethod(Proc("InitAdvisor"), [&] {
     auto engine = CreateObjectAs<IAdvisor>(platform, kAdvisorProgId);
     advisor = engine;
@@ -59,7 +59,8 @@ void EditorContext::InitAdvisor() {
       }
     }
     engine->Evaluate();
-    CopyAdvisorResults({fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorPriority});
+    if (copyResults)
+      CopyAdvisorResults({fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorPriority});
     ForPages([](TabPage& page) { page.EngineReady(); });
   });
 }

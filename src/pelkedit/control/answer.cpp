@@ -21,22 +21,25 @@ void StoreAnswer(EditorContext& ctx, const char* property, const Variant& value,
                  const std::vector<const char*>& results) {
   ctx.Rec().Set(property, value);
   ctx.CopyAdvisorResults(results);
-  ctx.MarkIboAsDirty();
 }
 
 }  // namespace
 
-void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
-                  const std::vector<const char*>& results) {
-  TellEngine(ctx, fact, value);
-  StoreAnswer(ctx, property, value, results);
+void CommitAnswer(EditorContext& ctx, const Edit& edit, const char* fact, const char* property,
+                  const Variant& value, const std::vector<const char*>& results) {
+  ctx.EditRecord(edit, [&] {
+    TellEngine(ctx, fact, value);
+    StoreAnswer(ctx, property, value, results);
+  });
 }
 
 void ApplyAnswer(EditorContext& ctx, const Answer& answer, const Variant& value,
                  const std::function<void()>& redraw) {
   RunMethod(EditorContext::Proc(answer.procedure), [&] {
+    // The engine hears the answer even while a load fills the widgets; the record does not.
     TellEngine(ctx, answer.fact, value);
-    if (!ctx.state.loading) StoreAnswer(ctx, answer.property, value, answer.results);
+    ctx.EditRecord({answer.step},
+                   [&] { StoreAnswer(ctx, answer.property, value, answer.results); });
     if (redraw) redraw();
   });
 }

@@ -15,6 +15,7 @@ class EditorContext;
 // (its name in the trace), the engine fact and the record property it sets, and the engine
 // results copied back into the record afterwards, in that order.
 struct Answer {
+  const char* step;  // what Undo calls it
   const char* procedure;
   const char* fact;
   const char* property;
@@ -24,9 +25,10 @@ struct Answer {
 // The four engine results most changes copy back into the record, in their order.
 extern const std::vector<const char*> kAdvisorResults;
 
-// The commit itself, inside the procedure that calls it (it has no trace of its own): the fact,
-// Evaluate, the property, the results in the order given, MarkIboAsDirty.
-void CommitAnswer(EditorContext& ctx, const char* fact, const char* property, const Variant& value,
+// The commit itself as the step `edit`, inside the procedure that calls it (it has no trace of
+// its own): the fact, Evaluate, the property, the results in the order given, MarkIboAsDirty.
+void CommitAnswer(EditorContext& ctx, const struct Edit& edit, const char* fact,
+                  const char* property, const Variant& value,
                   const std::vector<const char*>& results);
 
 // Commits an answer in the order the editor requires: the fact, Evaluate, then (unless a load

@@ -22,7 +22,8 @@ EditorContext::EditorContext(IPlatform& p, IEditorEvents& e) : platform(p), even
 EditorContext::~EditorContext() = default;
 
 IRecord& EditorContext::Rec() const {
-  return Require(record, "record");
+  Require(record, "record");
+  return tap_;
 }
 IAdvisor& EditorContext::Adv() const {
   return Require(advisor, "advisor");
@@ -33,6 +34,32 @@ IDataAccess& EditorContext::Data() const {
 
 std::string EditorContext::Proc(std::string_view procedure) {
   return Qualified("PelkIboEdit", procedure);
+}
+
+bool EditorContext::Skipped(unsigned guards) const {
+  return ((guards & kNotWhileLoading) != 0U && state.loading) ||
+         ((guards & kNotWhileRefreshing) != 0U && state.refreshing);
+}
+
+EditorContext::StepScope::StepScope(EditorContext& ctx, const std::string& name)
+    : ctx_(ctx), opened_(ctx.hostCalls_ == 0) {
+  if (!opened_) return;
+  const TabPlace place{ctx.state.mainTab, ctx.state.mainTab == tab::kSalesEnvironment
+                                              ? ctx.state.sEnvTab
+                                              : tab::kNoPhase};
+  ctx.history.Open(name, place);
+}
+
+EditorContext::StepScope::~StepScope() {
+  if (!opened_) return;
+  ctx_.history.Close();
+  if (!ctx_.history.InStep() && ctx_.stepEnded) ctx_.stepEnded();
+}
+
+std::string EditorContext::CaptionOf(const char* label) const {
+  std::string caption = widgets.Get<Label>(label).Caption();
+  while (!caption.empty() && (caption.back() == ':' || caption.back() == ' ')) caption.pop_back();
+  return caption;
 }
 
 void EditorContext::MarkIboAsDirty() {

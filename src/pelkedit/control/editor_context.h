@@ -6,12 +6,16 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "contracts/advisor.h"
 #include "contracts/record.h"
+#include "control/edit_history.h"
 #include "control/editor_events.h"
 #include "control/editor_state.h"
+#include "control/record_tap.h"
 #include "control/tab_page.h"
 #include "platform/platform.h"
 #include "widgets/controls.h"
@@ -21,6 +25,25 @@ namespace pelkedit {
 
 class Navigation;
 class RecordSaving;
+
+// When a change the user makes is skipped rather than made.
+enum EditGuard : unsigned {
+  kAlways = 0,
+  kNotWhileLoading = 1U << 0U,     // a load is filling the widgets
+  kNotWhileRefreshing = 1U << 1U,  // the Close phase is filling or rebuilding its rows
+};
+
+// One change the user makes to the record: what Undo calls it, and when it is skipped.
+struct Edit {
+  // NOLINTNEXTLINE(google-explicit-constructor): written as {step, guards, unchanged}
+  Edit(std::string name, unsigned skippedWhile = kNotWhileLoading,
+       std::function<bool()> alreadyHeld = {})
+      : step(std::move(name)), guards(skippedWhile), unchanged(std::move(alreadyHeld)) {}
+  std::string step;
+  unsigned guards;
+  // Skipped, too, when this says the record (or the engine) already holds the change.
+  std::function<bool()> unchanged;
+};
 
 // What every tab and procedure of the component shares: state, widgets, collaborators, the
 // host, and the other tabs' procedures.
@@ -51,6 +74,46 @@ class EditorContext {
     return widgets.Get<W>(name);
   }
 
+  // The one path of every change the user makes to the record: skipped while one of its guards
+  // holds; otherwise `change` runs as one step (a change inside another joins it, and a host
+  // call makes none), and when it reports a change (returns true, or nothing) the record is
+  // marked dirty. Returns whether it changed the record.
+  template <typename Change>
+  bool EditRecord(const Edit& edit, Change&& change) {
+    if (Skipped(edit.guards) || (edit.unchanged && edit.unchanged())) return false;
+    const StepScope scope(*this, edit.step);
+    bool changed = true;
+    if constexpr (std::is_void_v<std::invoke_result_t<Change>>) {
+      change();
+    } else {
+      changed = change();
+    }
+    if (changed) MarkIboAsDirty();
+    return changed;
+  }
+  // Several changes the user makes at once (a contact picked, a product list handed over) that
+  // Undo takes back together; each change still marks the record itself.
+  template <typename Changes>
+  void OneStep(const std::string& name, Changes&& changes) {
+    const StepScope scope(*this, name);
+    changes();
+  }
+  // The caption of a question's label, as a step is named after it.
+  std::string CaptionOf(const char* label) const;
+  // Runs a call of the host: what it writes is no step of the user's.
+  template <typename Call>
+  void HostCall(Call&& call) {
+    ++hostCalls_;
+    const struct Leave {
+      int& calls;
+      ~Leave() { --calls; }
+    } leave{hostCalls_};
+    call();
+  }
+  EditHistory history;
+  // Runs after each of the user's steps that ended (the unsaved record is kept then).
+  std::function<void()> stepEnded;
+
   void MarkIboAsDirty();
   // Writes the engine's results into the record properties of the same names, in the order
   // given (each change copies its own set, in its own order).
@@ -62,8 +125,9 @@ class EditorContext {
   std::function<void()> initTooltips;
   void InitTooltips() const;
 
-  // The engine's set-up at a load (InitAdvisor).
-  void InitAdvisor();
+  // The engine's set-up at a load (InitAdvisor); an undo sets one up without copying its
+  // results, so the record stays exactly what it was.
+  void InitAdvisor(bool copyResults = true);
 
   std::unique_ptr<Navigation> navigation;
   std::unique_ptr<RecordSaving> saving;
@@ -84,6 +148,23 @@ class EditorContext {
       moment(*page);
     }
   }
+
+ private:
+  bool Skipped(unsigned guards) const;
+  // Opens the user's step (when no host call runs) and closes it however the change ends.
+  class StepScope {
+   public:
+    StepScope(EditorContext& ctx, const std::string& name);
+    ~StepScope();
+    StepScope(const StepScope&) = delete;
+    StepScope& operator=(const StepScope&) = delete;
+
+   private:
+    EditorContext& ctx_;
+    bool opened_;
+  };
+  mutable RecordTap tap_{record, history};
+  int hostCalls_ = 0;
 };
 
 }  // namespace pelkedit

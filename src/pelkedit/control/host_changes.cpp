@@ -25,7 +25,8 @@ void HostChanges::IboChangeStartDate() {
     ctx_.platform.ShowModal(dialog);
     if (dialog.DialogCancel() || dialog.StartDate() == rec.Get(prop::StartDate).AsDate()) return;
     // The start date copies the user's priority first, then the four results.
-    CommitAnswer(ctx_, fact::StartDate, prop::StartDate, dialog.StartDate(),
+    CommitAnswer(ctx_, {"Start Date", kAlways}, fact::StartDate, prop::StartDate,
+                 dialog.StartDate(),
                  {fact::UserPriority, fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
                   fact::AdvisorExtraResult});
     UpdateIboStartDateChanged();
@@ -39,15 +40,16 @@ void HostChanges::UpdateIboStartDateChanged() {
 
 void HostChanges::IboChangeStatus(std::int32_t status) {
   RunMethod(EditorContext::Proc("IboChangeStatus"), [&] {
-    IAdvisor& advisor = ctx_.Adv();
-    IRecord& rec = ctx_.Rec();
-    advisor.Set(fact::Status, status);
-    advisor.Set(fact::CloseDate, ctx_.platform.Now());
-    rec.Set(prop::CloseDate, ctx_.platform.Now());
-    advisor.Evaluate();
-    rec.Set(prop::Status, status);
-    ctx_.CopyAdvisorResults(kAdvisorResults);
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({"Status", kAlways}, [&] {
+      IAdvisor& advisor = ctx_.Adv();
+      IRecord& rec = ctx_.Rec();
+      advisor.Set(fact::Status, status);
+      advisor.Set(fact::CloseDate, ctx_.platform.Now());
+      rec.Set(prop::CloseDate, ctx_.platform.Now());
+      advisor.Evaluate();
+      rec.Set(prop::Status, status);
+      ctx_.CopyAdvisorResults(kAdvisorResults);
+    });
     UpdateIboStatusChanged(status);
   });
 }
@@ -71,7 +73,8 @@ void HostChanges::IboUpgradeToExpert() {
       return;
     }
     ctx_.state.expertView = true;
-    CommitAnswer(ctx_, fact::ExpertMode, prop::ExpertMode, true, kAdvisorResults);
+    CommitAnswer(ctx_, {"Expert Mode", kAlways}, fact::ExpertMode, prop::ExpertMode, true,
+                 kAdvisorResults);
     UpdateUpgradeToExpert();
     ctx_.events.SetExpertMode(true);
   });

@@ -10,12 +10,11 @@ namespace pelkedit {
 
 using namespace close_page;
 
-void CloseTab::AnswerOption(const char* property, bool value) {
+void CloseTab::AnswerOption(const char* label, const char* property, bool value) {
   IRecord& rec = ctx_.Rec();
-  if (!ctx_.state.loading && rec.Get(property).AsBool() != value) {
-    rec.Set(property, value);
-    ctx_.MarkIboAsDirty();
-  }
+  ctx_.EditRecord({ctx_.CaptionOf(label), kNotWhileLoading,
+                   [&] { return rec.Get(property).AsBool() == value; }},
+                  [&] { rec.Set(property, value); });
   if (!ctx_.state.refreshing) RebuildFromRecord();
 }
 
@@ -24,17 +23,18 @@ void CloseTab::CboResultClick() {
     const std::int32_t position = ctx_.Get<ListBox>(kResultList).ListIndex();
     if (position < 0) return;
     IRecord& rec = ctx_.Rec();
-    if (!ctx_.state.loading && !ctx_.state.refreshing &&
-        position != rec.Get(prop::CloseResult).AsLong()) {
-      // The status changes first; the empty entry gives back the status the record was loaded
-      // with.
-      const std::int32_t status = position == kResultWon    ? eEditStatusWon
-                                  : position == kResultLost ? eEditStatusLost
-                                                            : ctx_.state.loadedStatus;
-      HostChanges(ctx_).IboChangeStatus(status);
-      rec.Set(prop::CloseResult, position);
-      ctx_.MarkIboAsDirty();
-    }
+    ctx_.EditRecord({ctx_.CaptionOf(kResult.label), kNotWhileLoading | kNotWhileRefreshing,
+                     [&] { return position == rec.Get(prop::CloseResult).AsLong(); }},
+                    [&] {
+                      // The status changes first; the empty entry gives back the status the
+                      // record was loaded with.
+                      const std::int32_t status = position == kResultWon ? eEditStatusWon
+                                                  : position == kResultLost
+                                                      ? eEditStatusLost
+                                                      : ctx_.state.loadedStatus;
+                      HostChanges(ctx_).IboChangeStatus(status);
+                      rec.Set(prop::CloseResult, position);
+                    });
     if (!ctx_.state.refreshing) RebuildFromRecord();
   });
 }
@@ -68,22 +68,26 @@ void CloseTab::OptCloseEnactedYesClick() {
 
 void CloseTab::EnactStrategy() {
   RunMethod(EditorContext::Proc("EnactStrategy"), [&] {
-    IRecord& rec = ctx_.Rec();
-    const std::int32_t current = rec.Get(prop::TrialCloseCurrent).AsLong();
-    std::int32_t first = rec.Get(prop::TrialCloseFirst).AsLong();
-    const std::int32_t next = current + 1 >= kRingSlots ? 0 : current + 1;
-    // A full ring drops its oldest trial close.
-    if (next == first) first = first + 1 >= kRingSlots ? 0 : first + 1;
-    rec.Set(prop::TrialCloseFirst, first);
-    rec.Set(prop::TrialCloseCurrent, next);
-    rec.SetAt(prop::TrialCloseDate, current, ctx_.platform.Now());
-    rec.SetAt(prop::CloseBarriers, next, std::string());
-    rec.SetAt(prop::CloseStrategy, next, std::string());
-    rec.Set(prop::CloseTC, false);
-    rec.Set(prop::CloseDecided, false);
-    rec.Set(prop::CloseResult, 0);
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({ctx_.CaptionOf(kEnacted.label), kAlways}, [&] { FileTrialClose(); });
   });
+}
+
+// The current trial close goes into the ring's history and a new one begins.
+void CloseTab::FileTrialClose() {
+  IRecord& rec = ctx_.Rec();
+  const std::int32_t current = rec.Get(prop::TrialCloseCurrent).AsLong();
+  std::int32_t first = rec.Get(prop::TrialCloseFirst).AsLong();
+  const std::int32_t next = current + 1 >= kRingSlots ? 0 : current + 1;
+  // A full ring drops its oldest trial close.
+  if (next == first) first = first + 1 >= kRingSlots ? 0 : first + 1;
+  rec.Set(prop::TrialCloseFirst, first);
+  rec.Set(prop::TrialCloseCurrent, next);
+  rec.SetAt(prop::TrialCloseDate, current, ctx_.platform.Now());
+  rec.SetAt(prop::CloseBarriers, next, std::string());
+  rec.SetAt(prop::CloseStrategy, next, std::string());
+  rec.Set(prop::CloseTC, false);
+  rec.Set(prop::CloseDecided, false);
+  rec.Set(prop::CloseResult, 0);
 }
 
 void CloseTab::ResetTcInterface() {
@@ -99,32 +103,35 @@ void CloseTab::ResetTcInterface() {
   });
 }
 
-void CloseTab::SaveText(const char* procedure, const char* box, const char* property,
-                        bool indexed) {
+void CloseTab::SaveText(const char* procedure, const Row& row, const char* property, bool indexed) {
   RunMethod(EditorContext::Proc(procedure), [&] {
-    if (ctx_.state.loading) return;
     IRecord& rec = ctx_.Rec();
-    const std::string& text = ctx_.Get<TextBox>(box).Text();
-    const std::int32_t current = indexed ? rec.Get(prop::TrialCloseCurrent).AsLong() : 0;
-    const std::string stored =
-        indexed ? rec.GetAt(property, current).AsString() : rec.Get(property).AsString();
-    if (text == stored) return;
-    if (indexed) {
-      rec.SetAt(property, current, text);
-    } else {
-      rec.Set(property, text);
-    }
-    ctx_.MarkIboAsDirty();
+    const std::string& text = ctx_.Get<TextBox>(row.input).Text();
+    std::int32_t current = 0;
+    ctx_.EditRecord({ctx_.CaptionOf(row.label), kNotWhileLoading,
+                     [&] {
+                       current = indexed ? rec.Get(prop::TrialCloseCurrent).AsLong() : 0;
+                       const std::string stored = indexed ? rec.GetAt(property, current).AsString()
+                                                          : rec.Get(property).AsString();
+                       return text == stored;
+                     }},
+                    [&] {
+                      if (indexed) {
+                        rec.SetAt(property, current, text);
+                      } else {
+                        rec.Set(property, text);
+                      }
+                    });
   });
 }
 
 void CloseTab::SaveSEnvCloseTab() {
   RunMethod(EditorContext::Proc("SaveSEnvCloseTab"), [&] {
     if (ctx_.state.loading) return;
-    SaveText("SEnvCloseSaveBarriers", kBarriers.input, prop::CloseBarriers, true);
-    SaveText("SEnvCloseSaveStrategy", kStrategy.input, prop::CloseStrategy, true);
-    SaveText("SEnvCloseSaveReason", kReason.input, prop::CloseReason, false);
-    SaveText("SEnvCloseSaveWinBidder", kWinBidder.input, prop::CloseWinBidder, false);
+    SaveText("SEnvCloseSaveBarriers", kBarriers, prop::CloseBarriers, true);
+    SaveText("SEnvCloseSaveStrategy", kStrategy, prop::CloseStrategy, true);
+    SaveText("SEnvCloseSaveReason", kReason, prop::CloseReason, false);
+    SaveText("SEnvCloseSaveWinBidder", kWinBidder, prop::CloseWinBidder, false);
   });
 }
 
@@ -154,10 +161,12 @@ void CloseTab::DtCloseDateDateClick(int day, int month, int year) {
     calendar.SetVisible(false);
     const Date picked = Date::FromCivil(year, month, day);
     IRecord& rec = ctx_.Rec();
-    if (picked == rec.Get(prop::CloseDate).AsDate()) return;
-    ctx_.Get<DateEdit>(kDate.input).SetDay(calendar.Day());
-    rec.Set(prop::CloseDate, picked);
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({ctx_.CaptionOf(kDate.label), kAlways,
+                     [&] { return picked == rec.Get(prop::CloseDate).AsDate(); }},
+                    [&] {
+                      ctx_.Get<DateEdit>(kDate.input).SetDay(calendar.Day());
+                      rec.Set(prop::CloseDate, picked);
+                    });
   });
 }
 

@@ -58,30 +58,30 @@ void CloseTab::Build(WidgetRegistry& widgets, Frame& frame) {
 }
 
 void CloseTab::Wire() {
-  const auto option = [this](const char* name, const char* property, bool value) {
-    ctx_.Get<OptionButton>(name).onClick = [this, name, property, value] {
+  const auto option = [this](const char* name, const Row& row, const char* property, bool value) {
+    ctx_.Get<OptionButton>(name).onClick = [this, name, &row, property, value] {
       RunHandler(EditorContext::Proc(std::string(name) + "_Click"), ctx_.platform,
-                 [&] { AnswerOption(property, value); });
+                 [&] { AnswerOption(row.label, property, value); });
     };
   };
-  option(kTcYes, prop::CloseTC, true);
-  option(kTcNo, prop::CloseTC, false);
-  option(kDecidedYes, prop::CloseDecided, true);
-  option(kDecidedNo, prop::CloseDecided, false);
+  option(kTcYes, kTrialClose, prop::CloseTC, true);
+  option(kTcNo, kTrialClose, prop::CloseTC, false);
+  option(kDecidedYes, kDecided, prop::CloseDecided, true);
+  option(kDecidedNo, kDecided, prop::CloseDecided, false);
   ctx_.Get<OptionButton>(kEnactedYes).onClick = [this] { OptCloseEnactedYesClick(); };
   ctx_.Get<ListBox>(kResultList).onClick = [this] { CboResultClick(); };
-  const auto text = [this](const char* box, const char* procedure, const char* property,
+  const auto text = [this](const Row& row, const char* procedure, const char* property,
                            bool indexed) {
-    ctx_.Get<TextBox>(box).onLostFocus = [this, box, procedure, property, indexed] {
-      RunHandler(EditorContext::Proc(std::string(box) + "_LostFocus"), ctx_.platform, [&] {
-        if (!ctx_.state.loading) SaveText(procedure, box, property, indexed);
+    ctx_.Get<TextBox>(row.input).onLostFocus = [this, &row, procedure, property, indexed] {
+      RunHandler(EditorContext::Proc(std::string(row.input) + "_LostFocus"), ctx_.platform, [&] {
+        if (!ctx_.state.loading) SaveText(procedure, row, property, indexed);
       });
     };
   };
-  text(kBarriers.input, "SEnvCloseSaveBarriers", prop::CloseBarriers, true);
-  text(kStrategy.input, "SEnvCloseSaveStrategy", prop::CloseStrategy, true);
-  text(kReason.input, "SEnvCloseSaveReason", prop::CloseReason, false);
-  text(kWinBidder.input, "SEnvCloseSaveWinBidder", prop::CloseWinBidder, false);
+  text(kBarriers, "SEnvCloseSaveBarriers", prop::CloseBarriers, true);
+  text(kStrategy, "SEnvCloseSaveStrategy", prop::CloseStrategy, true);
+  text(kReason, "SEnvCloseSaveReason", prop::CloseReason, false);
+  text(kWinBidder, "SEnvCloseSaveWinBidder", prop::CloseWinBidder, false);
   ctx_.Get<DateEdit>(kDate.input).onClickDrop = [this] { DeCloseDateEditClickDrop(); };
   auto& calendar = ctx_.Get<Calendar>(kCalendar);
   calendar.onDateClick = [this](int day, int month, int year) {

@@ -7,6 +7,9 @@
 namespace pelkedit {
 
 class EditorContext;
+namespace close_page {
+struct Row;
+}  // namespace close_page
 
 // The Close phase: a small state machine. Which rows show follows from the record's CloseTC,
 // CloseDecided and CloseResult and the too-early test; every answer writes the record and the
@@ -29,17 +32,19 @@ class CloseTab : public TabPage {
   void CloseTabHideControls();
   void ResetTcInterface();
   void EnactStrategy();
+  void FileTrialClose();
   void SaveSEnvCloseTab();
   void EnumerateTrialCloses();
 
  private:
   // InitCloseTab with the record's CloseTC, CloseDecided and CloseResult.
   void RebuildFromRecord();
-  void AnswerOption(const char* property, bool value);
+  void AnswerOption(const char* label, const char* property, bool value);
   void CboResultClick();
   void OptCloseEnactedYesClick();
   bool RequireText(const char* box, const char* message);
-  void SaveText(const char* procedure, const char* box, const char* property, bool indexed);
+  void SaveText(const char* procedure, const close_page::Row& row, const char* property,
+                bool indexed);
   void DeCloseDateEditClickDrop();
   void DtCloseDateDateClick(int day, int month, int year);
   // Saves the refresh flag, sets it for the body, and restores it however the body ends.

@@ -1,6 +1,9 @@
 #include "tabs/environment/decision_makers.h"
 
+#include <cctype>
+
 #include "contracts/names.h"
+#include "control/editor_context.h"
 
 namespace pelkedit {
 
@@ -93,5 +96,14 @@ const std::array<DecisionMaker, 3> kDecisionMakers = {{
      fact::SEnvDmUserDOP,
      prop::DmUserDOP},
 }};
+
+std::string DmStepName(const EditorContext& ctx, const DecisionMaker& dm, const char* label) {
+  const std::string role = dm.role;
+  // The name's label is the role itself.
+  if (label == dm.nameLabel || label == dm.proveNameLabel) return role + " name";
+  std::string caption = ctx.CaptionOf(label);
+  for (char& c : caption) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return role + " " + caption;
+}
 
 }  // namespace pelkedit

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 namespace pelkedit {
 
@@ -40,6 +41,12 @@ struct DecisionMaker {
   const char* proofFact;
   const char* proofProperty;
 };
+
+class EditorContext;
+
+// What Undo calls a change to one decision maker's answer ("Econ influence"): the row's role
+// and the answer's label.
+std::string DmStepName(const EditorContext& ctx, const DecisionMaker& dm, const char* label);
 
 // Econ, Tech, User, in the order the phases treat them.
 extern const std::array<DecisionMaker, 3> kDecisionMakers;

@@ -107,7 +107,7 @@ void ProbeTab::Wire() {
     auto& list = ctx_.Get<ListBox>(question.list);
     list.onClick = [this, &list, &question] {
       RunHandler(EditorContext::Proc(std::string(question.list) + "_Click"), ctx_.platform,
-                 [&] { UpdateSEnvQuestion(list, question.name, question.name); });
+                 [&] { UpdateSEnvQuestion(list, question.label, question.name, question.name); });
     };
   }
   for (const DecisionMaker& dm : kDecisionMakers) {
@@ -163,12 +163,13 @@ void ProbeTab::InitSEnvProbe() {
   });
 }
 
-void ProbeTab::UpdateSEnvQuestion(ListBox& list, const char* fact, const char* property) {
+void ProbeTab::UpdateSEnvQuestion(ListBox& list, const char* label, const char* fact,
+                                  const char* property) {
   RunMethod(EditorContext::Proc("UpdateSEnvQuestion"), [&] {
     const std::int32_t value = list.ListIndex();
-    if (ctx_.state.loading || value < 0) return;
+    if (value < 0) return;
     // Every pick commits, the stored answer again too.
-    CommitAnswer(ctx_, fact, property, value, kAdvisorResults);
+    CommitAnswer(ctx_, {ctx_.CaptionOf(label)}, fact, property, value, kAdvisorResults);
   });
 }
 
@@ -178,9 +179,10 @@ void ProbeTab::UpdateSEnvProbeDmInfluence(const DecisionMaker& dm) {
     const std::int32_t value = list.ListIndex();
     if (value < 0) return;
     ctx_.Get<TextBox>(dm.influenceEcho).SetText(list.List(value));
-    if (ctx_.state.loading) return;
-    if (ctx_.Adv().Get(dm.influenceFact).AsLong() == value) return;
-    CommitAnswer(ctx_, dm.influenceFact, dm.influenceProperty, value, kAdvisorResults);
+    CommitAnswer(ctx_,
+                 {DmStepName(ctx_, dm, dm.influenceLabel), kNotWhileLoading,
+                  [&] { return ctx_.Adv().Get(dm.influenceFact).AsLong() == value; }},
+                 dm.influenceFact, dm.influenceProperty, value, kAdvisorResults);
   });
 }
 
@@ -188,16 +190,19 @@ void ProbeTab::UpdateSEnvProbeDmName(const DecisionMaker& dm) {
   RunMethod(EditorContext::Proc("UpdateSEnvProbeDmName"), [&] {
     const std::string name = ctx_.Get<TextBox>(dm.nameBox).Text();
     IRecord& rec = ctx_.Rec();
-    if (name == rec.Get(dm.nameProperty).AsString()) return;
-    const bool known = !name.empty();
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(dm.knownFact, known);
-    advisor.Evaluate();
-    rec.Set(dm.knownProperty, known);
-    rec.Set(dm.nameProperty, name);
-    ctx_.CopyAdvisorResults(kAdvisorResults);
-    ctx_.MarkIboAsDirty();
-    ProveRefreshAll(ctx_);
+    const bool changed =
+        ctx_.EditRecord({DmStepName(ctx_, dm, dm.nameLabel), kAlways,
+                         [&] { return name == rec.Get(dm.nameProperty).AsString(); }},
+                        [&] {
+                          const bool known = !name.empty();
+                          IAdvisor& advisor = ctx_.Adv();
+                          advisor.Set(dm.knownFact, known);
+                          advisor.Evaluate();
+                          rec.Set(dm.knownProperty, known);
+                          rec.Set(dm.nameProperty, name);
+                          ctx_.CopyAdvisorResults(kAdvisorResults);
+                        });
+    if (changed) ProveRefreshAll(ctx_);
   });
 }
 
@@ -208,14 +213,16 @@ void ProbeTab::UpdateSEnvProbeDmImportant(const DecisionMaker& dm) {
     echo.SetText(text);
     echo.SetTooltip(text);
     IRecord& rec = ctx_.Rec();
-    if (text == rec.Get(dm.importantProperty).AsString()) return;
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(dm.importantKnownFact, !text.empty());
-    advisor.Evaluate();
-    // The record derives whether the text is known.
-    rec.Set(dm.importantProperty, text);
-    ctx_.CopyAdvisorResults(kAdvisorResults);
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({DmStepName(ctx_, dm, dm.importantLabel), kAlways,
+                     [&] { return text == rec.Get(dm.importantProperty).AsString(); }},
+                    [&] {
+                      IAdvisor& advisor = ctx_.Adv();
+                      advisor.Set(dm.importantKnownFact, !text.empty());
+                      advisor.Evaluate();
+                      // The record derives whether the text is known.
+                      rec.Set(dm.importantProperty, text);
+                      ctx_.CopyAdvisorResults(kAdvisorResults);
+                    });
   });
 }
 
@@ -235,13 +242,16 @@ void ProbeTab::CmdSenvCompetitorsClick() {
     ctx_.platform.ShowModal(dialog);
     if (dialog.DialogCancel()) return;
     const std::string text = dialog.Competitors();
-    if (text == rec.Get(prop::Competitors).AsString()) return;
-    rec.Set(prop::Competitors, text);
-    IAdvisor& advisor = ctx_.Adv();
-    advisor.Set(fact::SEnvCompetitorsKnown, rec.Get(prop::CompetitorsKnown));
-    advisor.Evaluate();
-    // No copy-back here: the next answer brings the record's copies of the results up to date.
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({ctx_.CaptionOf("lblCompetitors"), kAlways,
+                     [&] { return text == rec.Get(prop::Competitors).AsString(); }},
+                    [&] {
+                      rec.Set(prop::Competitors, text);
+                      IAdvisor& advisor = ctx_.Adv();
+                      advisor.Set(fact::SEnvCompetitorsKnown, rec.Get(prop::CompetitorsKnown));
+                      advisor.Evaluate();
+                      // No copy-back here: the next answer brings the record's copies of the
+                      // results up to date.
+                    });
   });
 }
 

@@ -26,7 +26,7 @@ class ProbeTab : public TabPage {
 
   void InitSEnvProbe();
   void SaveSEnvProbeTab();
-  void UpdateSEnvQuestion(ListBox& list, const char* fact, const char* property);
+  void UpdateSEnvQuestion(ListBox& list, const char* label, const char* fact, const char* property);
   void UpdateSEnvProbeDmInfluence(const DecisionMaker& dm);
   void UpdateSEnvProbeDmName(const DecisionMaker& dm);
   void UpdateSEnvProbeDmImportant(const DecisionMaker& dm);

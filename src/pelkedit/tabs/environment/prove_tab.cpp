@@ -55,14 +55,15 @@ void ProveTab::Wire() {
     relationship.onClick = [this, &relationship, &dm] {
       RunHandler(EditorContext::Proc(std::string(dm.relationshipList) + "_Click"), ctx_.platform,
                  [&] {
-                   UpdateAnswer("UpdateSEnvProveDmRel", relationship, dm.relationshipFact,
-                                dm.relationshipProperty);
+                   UpdateAnswer("UpdateSEnvProveDmRel", DmStepName(ctx_, dm, dm.relationshipLabel),
+                                relationship, dm.relationshipFact, dm.relationshipProperty);
                  });
     };
     auto& proof = ctx_.Get<ListBox>(dm.proofList);
     proof.onClick = [this, &proof, &dm] {
       RunHandler(EditorContext::Proc(std::string(dm.proofList) + "_Click"), ctx_.platform, [&] {
-        UpdateAnswer("UpdateSEnvProveDmDOP", proof, dm.proofFact, dm.proofProperty);
+        UpdateAnswer("UpdateSEnvProveDmDOP", DmStepName(ctx_, dm, dm.proofLabel), proof,
+                     dm.proofFact, dm.proofProperty);
       });
     };
   }
@@ -92,13 +93,14 @@ void ProveTab::InitSEnvProve() {
   });
 }
 
-void ProveTab::UpdateAnswer(const char* procedure, ListBox& list, const char* fact,
-                            const char* property) {
+void ProveTab::UpdateAnswer(const char* procedure, const std::string& step, ListBox& list,
+                            const char* fact, const char* property) {
   RunMethod(EditorContext::Proc(procedure), [&] {
     const std::int32_t value = list.ListIndex();
-    if (value < 0 || ctx_.state.loading) return;
-    if (ctx_.Adv().Get(fact).AsLong() == value) return;
-    CommitAnswer(ctx_, fact, property, value, kAdvisorResults);
+    if (value < 0) return;
+    CommitAnswer(ctx_,
+                 {step, kNotWhileLoading, [&] { return ctx_.Adv().Get(fact).AsLong() == value; }},
+                 fact, property, value, kAdvisorResults);
   });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "control/tab_page.h"
 
 namespace pelkedit {
@@ -24,7 +26,8 @@ class ProveTab : public TabPage {
 
  private:
   // UpdateSEnvProveDmRel and UpdateSEnvProveDmDOP: commit only what the engine does not hold.
-  void UpdateAnswer(const char* procedure, ListBox& list, const char* fact, const char* property);
+  void UpdateAnswer(const char* procedure, const std::string& step, ListBox& list, const char* fact,
+                    const char* property);
 
   EditorContext& ctx_;
 };

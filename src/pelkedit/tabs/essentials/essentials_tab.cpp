@@ -15,11 +15,13 @@ constexpr std::int32_t kLastWwihDay = 48211;  // 2031-12-31
 const char* const kLevels[] = {"Low", "Medium", "High"};
 constexpr std::int32_t kLevelCount = 3;
 
-const Answer kWih{"UpdateUserWIH",
+const Answer kWih{"Will It Happen?",
+                  "UpdateUserWIH",
                   fact::WIH,
                   prop::WIH,
                   {fact::AdvisorWih, fact::AdvisorWwgi, fact::AdvisorPriority, fact::UserPriority}};
 const Answer kWwgi{
+    "Will We Get It?",
     "UpdateUserWWGI",
     fact::WWGI,
     prop::WWGI,
@@ -156,7 +158,8 @@ void EssentialsTab::SaveEssentialsTab() {
 
 // A new WWIH date goes to the advisor first, then to the record with the advisor's results.
 void EssentialsTab::ApplyWwihDate(const Date& newDate) {
-  CommitAnswer(ctx_, fact::WwihDate, prop::WwihDate, newDate,
+  CommitAnswer(ctx_, {ctx_.CaptionOf("lblEssentWWIH"), kAlways}, fact::WwihDate, prop::WwihDate,
+               newDate,
                {fact::AdvisorPriority, fact::AdvisorWih, fact::AdvisorWwgi,
                 fact::AdvisorExtraResult, fact::UserPriority});
   matrix_.RefreshPriorityInfo(false);

@@ -10,7 +10,6 @@
 #include "widgets/product_view_box.h"
 
 namespace pelkedit {
-namespace {
 
 struct ContactField {
   const char* label;
@@ -19,6 +18,10 @@ struct ContactField {
   const char* property;
   std::int32_t maxLength;
 };
+
+namespace {
+
+constexpr const char* kProductsStep = "Products";
 
 // The boxes as the page shows them, top to bottom.
 const ContactField kFirstName{"lblConFirstName", "txtConFirstName", "First Name",
@@ -109,10 +112,9 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
 void InfoTab::Wire() {
   ctx_.Get<Button>(kContactLookup).onClick = [this] { CmdContactLookupClick(); };
   for (const ContactField* field : kShown) {
-    auto& box = ctx_.Get<TextBox>(field->box);
-    box.onLostFocus = [this, &box, field] {
+    ctx_.Get<TextBox>(field->box).onLostFocus = [this, field] {
       RunHandler(EditorContext::Proc(std::string(field->box) + "_LostFocus"), ctx_.platform, [&] {
-        if (!ctx_.state.loading) IBOInfoSaveContactField(box, field->property);
+        if (!ctx_.state.loading) IBOInfoSaveContactField(*field);
       });
     };
   }
@@ -145,9 +147,9 @@ void InfoTab::CmdContactLookupClick() {
       ctx_.Get<TextBox>(field->box)
           .SetText(CharLeft(*text, static_cast<std::size_t>(field->maxLength)));
     }
-    for (const ContactField* field : kLookupCommitOrder) {
-      IBOInfoSaveContactField(ctx_.Get<TextBox>(field->box), field->property);
-    }
+    ctx_.OneStep("Contact", [&] {
+      for (const ContactField* field : kLookupCommitOrder) IBOInfoSaveContactField(*field);
+    });
   });
 }
 
@@ -168,31 +170,30 @@ void InfoTab::InitProducts() {
 
 void InfoTab::IBOInfoSaveProduct() {
   RunMethod(EditorContext::Proc("IBOInfoSaveProduct"), [&] {
-    if (ctx_.state.loading) return;
     IProductView& view = View();
-    if (!view.ProductsChanged()) return;
-    ctx_.Rec().Set(prop::Products, view.ProductText());
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({kProductsStep, kNotWhileLoading, [&] { return !view.ProductsChanged(); }},
+                    [&] { ctx_.Rec().Set(prop::Products, view.ProductText()); });
   });
 }
 
 void InfoTab::IBOInfoSaveProductValue() {
   RunMethod(EditorContext::Proc("IBOInfoSaveProductValue"), [&] {
-    if (ctx_.state.loading) return;
-    const Currency total = View().TotalValue();
-    const auto units = static_cast<double>(total.WholeUnits());
-    const auto hundredths = static_cast<double>(total.Hundredths());
-    IRecord& rec = ctx_.Rec();
-    bool written = false;
-    if (rec.Get(prop::TotalValueUnits).AsDouble() != units) {
-      rec.Set(prop::TotalValueUnits, units);
-      written = true;
-    }
-    if (rec.Get(prop::TotalValueHundredths).AsDouble() != hundredths) {
-      rec.Set(prop::TotalValueHundredths, hundredths);
-      written = true;
-    }
-    if (written) ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({kProductsStep}, [&] {
+      const Currency total = View().TotalValue();
+      const auto units = static_cast<double>(total.WholeUnits());
+      const auto hundredths = static_cast<double>(total.Hundredths());
+      IRecord& rec = ctx_.Rec();
+      bool written = false;
+      if (rec.Get(prop::TotalValueUnits).AsDouble() != units) {
+        rec.Set(prop::TotalValueUnits, units);
+        written = true;
+      }
+      if (rec.Get(prop::TotalValueHundredths).AsDouble() != hundredths) {
+        rec.Set(prop::TotalValueHundredths, hundredths);
+        written = true;
+      }
+      return written;
+    });
   });
 }
 
@@ -211,24 +212,25 @@ void InfoTab::InitContactInfo() {
   });
 }
 
-void InfoTab::IBOInfoSaveContactField(TextBox& box, const std::string& property) {
+void InfoTab::IBOInfoSaveContactField(const ContactField& field) {
   RunMethod(EditorContext::Proc("IBOInfoSaveContactField"), [&] {
-    if (ctx_.state.loading) return;
+    const TextBox& box = ctx_.Get<TextBox>(field.box);
     IRecord& rec = ctx_.Rec();
-    if (box.Text() == rec.Get(property).AsString()) return;
-    rec.Set(property, box.Text());
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord({field.caption, kNotWhileLoading,
+                     [&] { return box.Text() == rec.Get(field.property).AsString(); }},
+                    [&] { rec.Set(field.property, box.Text()); });
   });
 }
 
 void InfoTab::SaveIBOInfoTab() {
   RunMethod(EditorContext::Proc("SaveIBOInfoTab"), [&] {
     if (ctx_.state.loading) return;
-    IBOInfoSaveProduct();
-    IBOInfoSaveProductValue();
-    for (const ContactField* field : kSaveOrder) {
-      IBOInfoSaveContactField(ctx_.Get<TextBox>(field->box), field->property);
-    }
+    // The list and its total are one change of the user's.
+    ctx_.OneStep(kProductsStep, [&] {
+      IBOInfoSaveProduct();
+      IBOInfoSaveProductValue();
+    });
+    for (const ContactField* field : kSaveOrder) IBOInfoSaveContactField(*field);
   });
 }
 

@@ -11,6 +11,9 @@ class IProductView;
 class TextBox;
 
 // The IBO Info page: the customer's contact and the products offered, with their total.
+// One contact box of the page: its label, box, caption, property and length.
+struct ContactField;
+
 class InfoTab : public TabPage {
  public:
   explicit InfoTab(EditorContext& ctx) : ctx_(ctx) {}
@@ -27,7 +30,7 @@ class InfoTab : public TabPage {
   void InitProducts();
   void IBOInfoSaveProduct();
   void IBOInfoSaveProductValue();
-  void IBOInfoSaveContactField(TextBox& box, const std::string& property);
+  void IBOInfoSaveContactField(const ContactField& field);
   void SaveIBOInfoTab();
   // The contact picked in the contact book, as the dialog gives it.
   struct ContactFields {

@@ -57,12 +57,11 @@ void NoteTab::InitIBONote() {
 
 void NoteTab::IBONoteSaveNote() {
   RunMethod(EditorContext::Proc("IBONoteSaveNote"), [&] {
-    if (ctx_.state.loading) return;
     const std::string& text = ctx_.Get<TextBox>(kNote).Text();
     IRecord& rec = ctx_.Rec();
-    if (text == rec.Get(prop::IboNote).AsString()) return;
-    rec.Set(prop::IboNote, text);
-    ctx_.MarkIboAsDirty();
+    ctx_.EditRecord(
+        {"IBO Note", kNotWhileLoading, [&] { return text == rec.Get(prop::IboNote).AsString(); }},
+        [&] { rec.Set(prop::IboNote, text); });
   });
 }
 
