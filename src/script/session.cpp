@@ -44,6 +44,8 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"type", &Session::Type},
       {"focus", &Session::Focus},
       {"blur", &Session::Blur},
+      {"undo", &Session::Undo},
+      {"redo", &Session::Redo},
       {"mousedown", &Session::MouseDown},
       {"mouseup", &Session::MouseUp},
       {"drop", &Session::Drop},

@@ -63,6 +63,8 @@ class Session {
   void Type(const Words& w);
   void Focus(const Words& w);
   void Blur(const Words& w);
+  void Undo(const Words& w);
+  void Redo(const Words& w);
   void MouseDown(const Words& w);
   void MouseUp(const Words& w);
   void Drop(const Words& w);

@@ -90,6 +90,18 @@ void Session::Blur(const Words& w) {
   Guard([&] { widgets.MoveFocus(nullptr); });
 }
 
+void Session::Undo(const Words& w) {
+  RequireWords(w, 1, 1, "undo");
+  auto& component = Component();
+  Guard([&] { component.Undo(); });
+}
+
+void Session::Redo(const Words& w) {
+  RequireWords(w, 1, 1, "redo");
+  auto& component = Component();
+  Guard([&] { component.Redo(); });
+}
+
 void Session::MouseDown(const Words& w) {
   RequireWords(w, 3, 4, "mousedown W X [Y]");
   auto& widget = WidgetArg(w[1]);

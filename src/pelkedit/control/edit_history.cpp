@@ -39,6 +39,11 @@ void EditHistory::Written(RecordWrite write) {
   DropRedo();
   log_.push_back(std::move(write));
   position_ = log_.size();
+  if (depth_ > 0) return;
+  // The host changed the record: undoing a step before that would silently take the host's
+  // change back too, so the steps before it can no longer be undone.
+  steps_.clear();
+  applied_ = 0;
 }
 
 void EditHistory::Open(std::string name, TabPlace place) {

@@ -32,7 +32,8 @@ struct EditStep {
 // Undo and redo as a log of the record's writes since it was loaded. The record at any step's
 // boundary is the loaded record with the log's writes up to there applied again, so a step
 // needs no copy of the record and the component asks its collaborators nothing extra while
-// the user works. The host's calls write into the log too, outside any step.
+// the user works. The host's calls write into the log too, outside any step, and end what can
+// be undone.
 class EditHistory {
  public:
   // A load put `loaded` into the record: both lists are emptied and the record is clean.

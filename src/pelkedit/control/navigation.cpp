@@ -123,6 +123,16 @@ void Navigation::CollectCurrentTab(CollectReason reason) {
   ctx_.ForPagesOn(ctx_.state.mainTab, phase, [&](TabPage& page) { page.Collect(reason); });
 }
 
+void Navigation::ShowPlace(const TabPlace& place) {
+  RefreshMainTab(place.mainTab);
+  SwitchMainTab(place.mainTab);
+  if (place.phase == tab::kNoPhase) return;
+  auto& strip = ctx_.Get<PictureBox>(widget::picSEnvTab);
+  strip.ClearPicture();
+  strip.SetPicture(SEnvTabPicture(place.phase));
+  SwitchSEnvTab(place.phase);
+}
+
 void Navigation::ShowMainFrame(std::int32_t index) {
   for (std::int32_t other = 0; other < tab::kMainCount; ++other) {
     if (other != index) ctx_.Get<Frame>(MainFrameName(other)).SetVisible(false);

@@ -29,6 +29,8 @@ class Navigation {
   // Asks the pages of the current tab (and Sales Environment phase) to write back what only
   // their widgets still hold.
   void CollectCurrentTab(CollectReason reason);
+  // Brings a main tab (and its phase) to the front, strips included.
+  void ShowPlace(const TabPlace& place);
 
  private:
   void PicMainTabMouseDown(float x);

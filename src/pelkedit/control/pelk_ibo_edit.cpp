@@ -9,6 +9,7 @@
 #include "control/layout.h"
 #include "control/navigation.h"
 #include "control/record_saving.h"
+#include "control/undo_redo.h"
 #include "help/context_help.h"
 #include "locale/mod_locale.h"
 #include "tabs/pages.h"
@@ -18,7 +19,8 @@ namespace pelkedit {
 namespace {}  // namespace
 
 PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
-    : ctx_(std::make_unique<EditorContext>(platform, events)) {
+    : ctx_(std::make_unique<EditorContext>(platform, events)),
+      undo_(std::make_unique<UndoRedo>(*ctx_)) {
   EditorContext& ctx = *ctx_;
   BuildEditorShell(ctx.widgets);
   ctx.pages = CreatePages(ctx);
@@ -70,24 +72,49 @@ bool PelkIboEdit::IboChanged() const {
   return ctx_->state.iboChanged;
 }
 
+// The host's calls change the record as the host asks: none of it is a step of the user's.
 void PelkIboEdit::IboChangeStartDate() {
-  HostChanges(*ctx_).IboChangeStartDate();
+  ctx_->HostCall([&] { HostChanges(*ctx_).IboChangeStartDate(); });
 }
 void PelkIboEdit::IboUpgradeToExpert() {
-  HostChanges(*ctx_).IboUpgradeToExpert();
+  ctx_->HostCall([&] { HostChanges(*ctx_).IboUpgradeToExpert(); });
 }
 void PelkIboEdit::IboChangeStatus(std::int32_t status) {
-  HostChanges(*ctx_).IboChangeStatus(status);
+  ctx_->HostCall([&] { HostChanges(*ctx_).IboChangeStatus(status); });
 }
 void PelkIboEdit::FormClose() {
-  ctx_->saving->FormClose();
+  ctx_->HostCall([&] { ctx_->saving->FormClose(); });
 }
 
 void PelkIboEdit::InitIBOInfo() {
-  ctx_->ForPagesOn(tab::kIboInfo, tab::kNoPhase, [](TabPage& page) { page.Load(); });
+  ctx_->HostCall(
+      [&] { ctx_->ForPagesOn(tab::kIboInfo, tab::kNoPhase, [](TabPage& page) { page.Load(); }); });
+}
+
+void PelkIboEdit::Undo() {
+  undo_->Undo();
+}
+void PelkIboEdit::Redo() {
+  undo_->Redo();
+}
+bool PelkIboEdit::CanUndo() const {
+  return ctx_->history.NextUndo() != nullptr;
+}
+bool PelkIboEdit::CanRedo() const {
+  return ctx_->history.NextRedo() != nullptr;
+}
+std::string PelkIboEdit::UndoName() const {
+  return undo_->UndoName();
+}
+std::string PelkIboEdit::RedoName() const {
+  return undo_->RedoName();
 }
 
 void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
+  ctx_->HostCall([&] { Load(iboId, view); });
+}
+
+void PelkIboEdit::Load(std::int32_t iboId, std::int32_t view) {
   EditorContext& ctx = *ctx_;
   const std::string proc = EditorContext::Proc("ShowIbo");
   RunMethod(proc, [&] {
@@ -98,9 +125,11 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
     // it; giving it back is the host's business after any failed call.
     struct Restore {
       EditorContext& ctx;
+      EditHistory::Memento history;
       std::optional<Blob> record;
       ~Restore() {
         if (std::uncaught_exceptions() == 0) return;
+        ctx.history.Restore(std::move(history));
         if (!record || !ctx.record) return;
         // The load's own error is the one the host hears of; a record that cannot take back
         // its own storage form leaves nothing better to report.
@@ -109,7 +138,7 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
         } catch (const PelkError&) {
         }
       }
-    } restore{ctx, std::nullopt};
+    } restore{ctx, ctx.history.Keep(), std::nullopt};
 
     ctx.state.dbView = view;
     const std::string procName = ctx.saving->RetrievalProcedure(view, proc);
@@ -117,6 +146,7 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
     Blob loaded = ctx.Data().ReadIbo(iboId, procName);
     restore.record = rec.GetIboData();
     rec.SetIboData(loaded);
+    ctx.history.Loaded(std::move(loaded));
     ctx.state.loading = true;
     ctx.state.iboChanged = false;
     ctx.state.expertView = rec.Get(prop::ExpertMode).AsBool();
@@ -130,6 +160,7 @@ void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
     ctx.events.SetFormCaption(FormCaptionOf(rec));
     ctx.events.SetIBOStatus(rec.Get(prop::Status).AsLong());
     ctx.events.SetExpertMode(rec.Get(prop::ExpertMode).AsBool());
+    ctx.history.Saved();
     ctx.platform.SetScreenPointer(previous);
   });
 }
@@ -153,7 +184,7 @@ std::optional<Variant> PelkIboEdit::StateByName(const std::string& name) const {
       {"IboChanged", s.iboChanged}, {"IboSaved", s.iboSaved}, {"Loading", s.loading},
       {"ExpertView", s.expertView}, {"DbView", s.dbView},     {"LoadedStatus", s.loadedStatus},
       {"MainTab", s.mainTab},       {"SEnvTab", s.sEnvTab},   {"PromptAnswered", s.promptAnswered},
-      {"Refreshing", s.refreshing}};
+      {"Refreshing", s.refreshing}, {"CanUndo", CanUndo()},   {"CanRedo", CanRedo()}};
   if (name == "IboStatus") return Variant(IboStatus());
   const auto it = fields.find(name);
   if (it == fields.end()) return std::nullopt;

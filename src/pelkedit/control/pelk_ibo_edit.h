@@ -16,6 +16,7 @@ class IPlatform;
 class IRecord;
 class IAdvisor;
 class EditorContext;
+class UndoRedo;
 
 // The editor component for one IBO. Construction is the control's creation, destruction its
 // termination; the host drives it through the public methods and listens to IEditorEvents.
@@ -40,6 +41,16 @@ class PelkIboEdit {
   void ShowIbo(std::int32_t iboId, std::int32_t view);
   void FormClose();
 
+  // The user's Undo and Redo (also of the desktop's Edit menu); with nothing to take back (or
+  // apply again) they change nothing.
+  void Undo();
+  void Redo();
+  bool CanUndo() const;
+  bool CanRedo() const;
+  // The name of the step each would take back or apply again ("Will It Happen?").
+  std::string UndoName() const;
+  std::string RedoName() const;
+
   // For hosts that draw the component and for observation.
   WidgetRegistry& Widgets();
   const EditorState& State() const;
@@ -50,7 +61,10 @@ class PelkIboEdit {
   std::shared_ptr<IAdvisor> Advisor() const;
 
  private:
+  void Load(std::int32_t iboId, std::int32_t view);
+
   std::unique_ptr<EditorContext> ctx_;
+  std::unique_ptr<UndoRedo> undo_;
 };
 
 }  // namespace pelkedit

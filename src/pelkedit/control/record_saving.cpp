@@ -38,6 +38,7 @@ void RecordSaving::SaveIBO() {
   RunMethod(proc, [&] {
     const std::string procName = RetrievalProcedure(ctx_.state.dbView, proc);
     ctx_.Data().WriteIbo(ctx_.Rec().GetIboData(), procName);
+    ctx_.history.Saved();
   });
 }
 

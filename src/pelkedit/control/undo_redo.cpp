@@ -1,0 +1,86 @@
+#include "control/undo_redo.h"
+
+#include "contracts/names.h"
+#include "control/caption.h"
+#include "control/editor_context.h"
+#include "control/navigation.h"
+#include "trace/error_paths.h"
+
+namespace pelkedit {
+
+void UndoRedo::EndTyping() {
+  Widget* focused = ctx_.widgets.Focused();
+  if (focused == nullptr || !focused->onLostFocus) return;
+  const WidgetKind kind = focused->Kind();
+  if (kind != WidgetKind::kTextBox && kind != WidgetKind::kDateEdit) return;
+  focused->onLostFocus();
+}
+
+void UndoRedo::Undo() {
+  RunMethod(EditorContext::Proc("Undo"), [&] {
+    EndTyping();
+    const EditStep* step = ctx_.history.NextUndo();
+    if (step == nullptr) return;
+    const TabPlace place = step->place;
+    ctx_.history.StepBack();
+    Rebuild(place);
+  });
+}
+
+void UndoRedo::Redo() {
+  RunMethod(EditorContext::Proc("Redo"), [&] {
+    EndTyping();
+    const EditStep* step = ctx_.history.NextRedo();
+    if (step == nullptr) return;
+    const TabPlace place = step->place;
+    ctx_.history.StepForward();
+    Rebuild(place);
+  });
+}
+
+std::string UndoRedo::UndoName() const {
+  const EditStep* step = ctx_.history.NextUndo();
+  return step == nullptr ? std::string() : step->name;
+}
+
+std::string UndoRedo::RedoName() const {
+  const EditStep* step = ctx_.history.NextRedo();
+  return step == nullptr ? std::string() : step->name;
+}
+
+void UndoRedo::Rebuild(const TabPlace& place) {
+  IRecord& rec = *ctx_.record;
+  {
+    // The writes that rebuild the record are not new writes of the user's.
+    ctx_.history.SetReplaying(true);
+    const struct Done {
+      EditHistory& history;
+      ~Done() { history.SetReplaying(false); }
+    } done{ctx_.history};
+    for (const RecordWrite* write : ctx_.history.Replay()) {
+      if (write->whole) {
+        rec.SetIboData(*write->whole);
+      } else if (write->index) {
+        rec.SetAt(write->name, *write->index, write->value);
+      } else {
+        rec.Set(write->name, write->value);
+      }
+    }
+  }
+  // As a load fills the pages, except that the record's copies of the results stay as they
+  // were at that step.
+  ctx_.state.loading = true;
+  ctx_.state.expertView = rec.Get(prop::ExpertMode).AsBool();
+  ctx_.navigation->LoadMainTabPictures(ctx_.state.expertView);
+  ctx_.InitAdvisor(false);
+  ctx_.ForPages([](TabPage& page) { page.Load(); });
+  ctx_.navigation->ShowPlace(place);
+  ctx_.state.loading = false;
+  ctx_.state.iboChanged = !ctx_.history.Clean();
+  ctx_.events.SetFormCaption(FormCaptionOf(rec));
+  ctx_.events.SetIBOStatus(rec.Get(prop::Status).AsLong());
+  ctx_.events.SetExpertMode(ctx_.state.expertView);
+  if (ctx_.stepEnded) ctx_.stepEnded();
+}
+
+}  // namespace pelkedit

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "control/tab_strips.h"
+
+namespace pelkedit {
+
+class EditorContext;
+
+// Undo and redo of the user's steps: the record is rebuilt as it stood at the step's boundary,
+// the engine is set up from it again, the pages show it and the step's tab comes to the front.
+class UndoRedo {
+ public:
+  explicit UndoRedo(EditorContext& ctx) : ctx_(ctx) {}
+
+  void Undo();
+  void Redo();
+  // The name of the step Undo (Redo) would take back (apply again); empty when there is none.
+  std::string UndoName() const;
+  std::string RedoName() const;
+
+ private:
+  // Typing not yet committed in the focused box becomes a step first, as its lost focus would.
+  void EndTyping();
+  void Rebuild(const TabPlace& place);
+
+  EditorContext& ctx_;
+};
+
+}  // namespace pelkedit
