@@ -29,6 +29,16 @@ void HostWindow::ChangeStatus(std::int32_t status) {
   if (component_) HostCall([this] { SetIBOStatus(component_->IboStatus()); });
 }
 
+// As the user's own actions: through the binder, so that an error is shown and the pages and
+// the menu follow.
+void HostWindow::Undo() {
+  if (component_ && binder_) binder_->Run([this] { component_->Undo(); });
+}
+
+void HostWindow::Redo() {
+  if (component_ && binder_) binder_->Run([this] { component_->Redo(); });
+}
+
 void HostWindow::UpgradeToExpert() {
   if (!component_) return;
   // The upgrade cannot be undone: the user confirms it first.

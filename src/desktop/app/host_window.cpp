@@ -193,6 +193,18 @@ void HostWindow::BuildMenus() {
   QAction* exit = file->addAction(tr("E&xit"), this, &QWidget::close);
   exit->setShortcut(QKeySequence::Quit);
 
+  editMenu_ = menuBar()->addMenu(tr("&Edit"));
+  editMenu_->setObjectName("mnuEdit");
+  undoAction_ = editMenu_->addAction(tr("&Undo"), this, &HostWindow::Undo);
+  undoAction_->setObjectName("actUndo");
+  undoAction_->setShortcut(QKeySequence::Undo);
+  redoAction_ = editMenu_->addAction(tr("&Redo"), this, &HostWindow::Redo);
+  redoAction_->setObjectName("actRedo");
+  // Ctrl+Shift+Z and Ctrl+Y both, whatever the desktop's own convention.
+  redoAction_->setShortcuts(
+      {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+  InstallTextUndoFirst(*this);
+
   iboMenu_ = menuBar()->addMenu(tr("&IBO"));
   iboMenu_->addAction(tr("Change Start &Date..."), this, &HostWindow::ChangeStartDate);
   QMenu* status = iboMenu_->addMenu(tr("Change &Status"));
@@ -212,6 +224,12 @@ void HostWindow::BuildMenus() {
 }
 
 void HostWindow::UpdateActions() {
+  const QString undoName = component_ ? QString::fromStdString(component_->UndoName()) : QString();
+  const QString redoName = component_ ? QString::fromStdString(component_->RedoName()) : QString();
+  undoAction_->setText(undoName.isEmpty() ? tr("&Undo") : tr("&Undo %1").arg(undoName));
+  undoAction_->setEnabled(!undoName.isEmpty());
+  redoAction_->setText(redoName.isEmpty() ? tr("&Redo") : tr("&Redo %1").arg(redoName));
+  redoAction_->setEnabled(!redoName.isEmpty());
   iboMenu_->setEnabled(component_ != nullptr);
   upgradeAction_->setEnabled(component_ != nullptr && !expert_);
 }
@@ -313,6 +331,7 @@ void HostWindow::AfterUserAction() {
   // A press on a tab strip took the focus from the field being edited: it goes to the page.
   FocusFirstOfShownPage();
   UpdateTitle();
+  UpdateActions();
   if (environment_.SavesRefused() == savesRefusedSeen_) return;
   savesRefusedSeen_ = environment_.SavesRefused();
   statusBar()->showMessage(tr("Someone else saved this IBO after you opened it. IBO > Compare "

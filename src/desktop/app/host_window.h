@@ -61,6 +61,8 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void ChangeStartDate();
   void ChangeStatus(std::int32_t status);
   void UpgradeToExpert();
+  void Undo();
+  void Redo();
   // What differs between the editor and the stored record; the user may reopen the stored one.
   void CompareWithStored();
 
@@ -100,6 +102,9 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   QLabel* modeLabel_;
   QLabel* tableLabel_;
   QMenu* iboMenu_ = nullptr;
+  QMenu* editMenu_ = nullptr;
+  QAction* undoAction_ = nullptr;
+  QAction* redoAction_ = nullptr;
   QActionGroup* statusActions_ = nullptr;
   std::string caption_;
   QAction* upgradeAction_ = nullptr;

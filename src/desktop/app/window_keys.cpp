@@ -1,11 +1,15 @@
 #include "app/window_keys.h"
 
 #include <QApplication>
-
-#include "app/host_help.h"
-
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTextDocument>
+#include <QTextEdit>
+
+#include "app/host_help.h"
 
 #include "app/host_window.h"
 #include "contracts/names.h"
@@ -87,6 +91,50 @@ void InstallWindowKeys(HostWindow& window) {
       save->click();
     }
   });
+}
+
+namespace {
+
+class TextUndoFirst : public QObject {
+ public:
+  explicit TextUndoFirst(QWidget& window) : QObject(&window), window_(window) {}
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::ShortcutOverride) return false;
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (widget == nullptr || !window_.isAncestorOf(widget)) return false;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    const bool undo = key->matches(QKeySequence::Undo);
+    const bool redo = key->matches(QKeySequence::Redo) ||
+                      key->keyCombination() == QKeyCombination(Qt::CTRL, Qt::Key_Y);
+    if (!undo && !redo) return false;
+    // Swallowed unanswered, the override is not taken by the box and the shortcut goes to the
+    // menu's action.
+    return !BoxCanTakeBack(watched, undo);
+  }
+
+ private:
+  static bool BoxCanTakeBack(QObject* watched, bool undo) {
+    if (const auto* line = qobject_cast<QLineEdit*>(watched)) {
+      return undo ? line->isUndoAvailable() : line->isRedoAvailable();
+    }
+    const QTextDocument* document = nullptr;
+    if (const auto* plain = qobject_cast<QPlainTextEdit*>(watched)) document = plain->document();
+    if (const auto* rich = qobject_cast<QTextEdit*>(watched)) document = rich->document();
+    if (document == nullptr) return true;
+    return undo ? document->isUndoAvailable() : document->isRedoAvailable();
+  }
+
+  QWidget& window_;
+};
+
+}  // namespace
+
+void InstallTextUndoFirst(HostWindow& window) {
+  auto* filter = new TextUndoFirst(window);
+  // Every text box of the window, including those of pages built later.
+  qApp->installEventFilter(filter);
 }
 
 }  // namespace pelkor::desktop

@@ -9,6 +9,10 @@ class HostWindow;
 // Environment's phases, each as a press on the strip would; Ctrl+S presses Save.
 void InstallWindowKeys(HostWindow& window);
 
+// Ctrl+Z (and Redo) in a text box undoes the box's own typing first, as the box does; once the
+// box has nothing of its own to take back, the key reaches the window's Edit menu.
+void InstallTextUndoFirst(HostWindow& window);
+
 // The next tab of the strip shown now, `step` tabs on (wrapping); the press goes through the
 // strip's own handler, so leaving a tab collects it as a click does.
 void StepMainTab(HostWindow& window, int step);

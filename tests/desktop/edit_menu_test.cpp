@@ -1,0 +1,84 @@
+// The Edit menu: Undo and Redo named after the step, their keys, and a text box's own typing
+// taken back first.
+#include <QAction>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QtTest>
+
+#include "binding/picture_view.h"
+#include "host_fixture.h"
+
+using namespace host_fixture;
+
+namespace {
+
+QAction* Action(HostWindow& window, const char* name) {
+  return window.findChild<QAction*>(name);
+}
+
+}  // namespace
+
+class EditMenuTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void undoAndRedoAreNamedAfterTheStepAndFollowTheRecord() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    QAction* undo = Action(*host.window, "actUndo");
+    QAction* redo = Action(*host.window, "actRedo");
+    QVERIFY(undo != nullptr && redo != nullptr);
+    QVERIFY(!undo->isEnabled());
+    QCOMPARE(undo->shortcut(), QKeySequence(QKeySequence::Undo));
+    QCOMPARE(redo->shortcuts().size(), 2);
+
+    auto* low = host.Qt<QRadioButton>("optWihLow");
+    QTest::mouseClick(low, Qt::LeftButton, {}, QPoint(8, low->height() / 2));
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QCOMPARE(undo->text(), QString("&Undo Will It Happen?"));
+    QVERIFY(undo->isEnabled());
+
+    // Ctrl+Z from an option (no text box): the editor's undo.
+    QTest::keyClick(low, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihHigh);
+    QVERIFY(host.Qt<QRadioButton>("optWihHigh")->isChecked());
+    QVERIFY(!host.window->isWindowModified());
+    QCOMPARE(redo->text(), QString("&Redo Will It Happen?"));
+
+    // Ctrl+Y applies it again.
+    QTest::keyClick(host.Qt<QRadioButton>("optWihHigh"), Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
+    QVERIFY(host.window->isWindowModified());
+  }
+
+  void ctrlZInATextBoxTakesBackItsTypingFirst() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    QTest::mouseClick(host.Qt<pelkor::desktop::PictureView>("picMainTab"), Qt::LeftButton, {},
+                      QPoint(305, 10));
+    auto* company = host.Qt<QLineEdit>("txtConCompany");
+    const QString stored = company->text();
+    company->setFocus();
+    QTest::keyClick(company, Qt::Key_End);
+    QTest::keyClicks(company, " AG");
+    QCOMPARE(company->text(), stored + " AG");
+
+    // The box's own undo: nothing reached the record yet.
+    QTest::keyClick(company, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(company->text(), stored);
+    QVERIFY(!host.window->Component()->CanUndo());
+
+    // Typed and committed by leaving the box, the change is the editor's to take back.
+    QTest::keyClicks(company, " Ltd");
+    host.Qt<QLineEdit>("txtConPhone")->setFocus();
+    QCOMPARE(QString::fromStdString(host.Rec().Get("ContactCompany").AsString()), stored + " Ltd");
+    QCOMPARE(Action(*host.window, "actUndo")->text(), QString("&Undo Company"));
+    Action(*host.window, "actUndo")->trigger();
+    QCOMPARE(QString::fromStdString(host.Rec().Get("ContactCompany").AsString()), stored);
+    QCOMPARE(company->text(), stored);
+  }
+};
+
+QTEST_MAIN(EditMenuTest)
+#include "edit_menu_test.moc"
