@@ -93,7 +93,8 @@ int Run(const Options& options) {
   }
   EditorEnvironment environment(
       {dbPath, pelkor::desktop::DefaultTraceLogPath(),
-       useDefault ? pelkor::StoreOpening::kCreateIfMissing : pelkor::StoreOpening::kExistingOnly});
+       useDefault ? pelkor::StoreOpening::kCreateIfMissing : pelkor::StoreOpening::kExistingOnly,
+       ""});
   try {
     // Opening checks the database; nothing is listed until the pipeline shows a page.
     if (useDefault) pelkor::SeedDemoData(*environment.Db());

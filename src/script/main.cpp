@@ -13,6 +13,8 @@ int main(int argc, char** argv) {
                  "database file or postgresql:// URI to use instead of an in-memory one")
       ->envname(pelkor::kDatabaseVariable);
   app.add_option("--trace-log", options.traceLogPath, "file the trace component writes to");
+  app.add_option("--journal", options.journalDir,
+                 "folder the component keeps unsaved changes in, as the desktop does");
   app.add_option("files", files, "scenario files ('-' or none: standard input)");
   try {
     app.parse(argc, argv);

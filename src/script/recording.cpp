@@ -83,6 +83,18 @@ void RecordingData::WriteIbo(const Blob& data, const std::string& procName) {
   inner_->WriteIbo(data, procName);
 }
 
+std::string RecordingData::VersionRead(std::int32_t iboId, const std::string& procName) {
+  auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get());
+  return versions != nullptr ? versions->VersionRead(iboId, procName) : std::string();
+}
+
+void RecordingData::ExpectVersion(std::int32_t iboId, const std::string& procName,
+                                  const std::string& version) {
+  if (auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get())) {
+    versions->ExpectVersion(iboId, procName, version);
+  }
+}
+
 RecordingSize::RecordingSize(Recording recording, std::shared_ptr<pelkedit::ISizeHelper> inner)
     : rec_(recording), inner_(std::move(inner)) {}
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "contracts/advisor.h"
+#include "contracts/journal.h"
 #include "contracts/record.h"
 #include "trace/trace.h"
 #include "world_log.h"
@@ -38,11 +39,15 @@ class RecordingRecord : public pelkedit::IRecord {
   std::shared_ptr<pelkedit::IRecord> inner_;
 };
 
-class RecordingData : public pelkedit::IDataAccess {
+// The row versions pass through unrecorded: they are the journal's bookkeeping.
+class RecordingData : public pelkedit::IDataAccess, public pelkedit::IRowVersions {
  public:
   RecordingData(Recording recording, std::shared_ptr<pelkedit::IDataAccess> inner);
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override;
   void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override;
+  std::string VersionRead(std::int32_t iboId, const std::string& procName) override;
+  void ExpectVersion(std::int32_t iboId, const std::string& procName,
+                     const std::string& version) override;
 
  private:
   Recording rec_;

@@ -45,6 +45,7 @@ const std::map<std::string, Session::Command>& Session::Commands() {
       {"focus", &Session::Focus},
       {"blur", &Session::Blur},
       {"undo", &Session::Undo},
+      {"crash", &Session::Crash},
       {"redo", &Session::Redo},
       {"mousedown", &Session::MouseDown},
       {"mouseup", &Session::MouseUp},
@@ -74,7 +75,7 @@ Session::Session(const WorldOptions& options, std::ostream& out, std::string fil
 
 void Session::Run(std::istream& in) {
   std::string line;
-  while (!scriptFailed_ && std::getline(in, line)) {
+  while (!scriptFailed_ && !crashed_ && std::getline(in, line)) {
     try {
       RunLine(line);
     } catch (const ScriptError& error) {

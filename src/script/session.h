@@ -64,6 +64,7 @@ class Session {
   void Focus(const Words& w);
   void Blur(const Words& w);
   void Undo(const Words& w);
+  void Crash(const Words& w);
   void Redo(const Words& w);
   void MouseDown(const Words& w);
   void MouseUp(const Words& w);
@@ -107,6 +108,7 @@ class Session {
   std::string fileName_;
   int lineNumber_ = 0;
   int passed_ = 0;
+  bool crashed_ = false;
   int failed_ = 0;
   bool scriptFailed_ = false;
   std::optional<pelkedit::PelkError> lastError_;

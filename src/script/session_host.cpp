@@ -33,7 +33,17 @@ void Session::Create(const Words& w) {
   }
   Guard([&] {
     world_.component = std::make_unique<pelkedit::PelkIboEdit>(world_.platform, world_.events);
+    if (auto journal = world_.Journal()) world_.component->SetJournal(std::move(journal));
   });
+}
+
+void Session::Crash(const Words& w) {
+  RequireWords(w, 1, 1, "crash");
+  crashed_ = true;
+  // A killed process cleans nothing up: the component is never terminated, only kept where
+  // the rest of the run cannot reach it.
+  static auto* const killed = new std::vector<std::unique_ptr<pelkedit::PelkIboEdit>>;
+  if (world_.component) killed->push_back(std::move(world_.component));
 }
 
 void Session::Destroy(const Words& w) {

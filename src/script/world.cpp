@@ -5,6 +5,7 @@
 
 #include "advisor/rule_engine.h"
 #include "config/local_file_system.h"
+#include "journal/file_journal.h"
 #include "record/ibo_properties.h"
 #include "recording.h"
 #include "trace/err_object.h"
@@ -44,7 +45,9 @@ World::World(const WorldOptions& options) : tempDir_(MakeTempDir()) {
   pelkedit::UnloadLibrary();
   pelkedit::Err().Clear();
   log.SetTempDir(tempDir_.string());
-  dbSource_ = pelkor::OpenOnFirstUse(options.dbPath.empty() ? ":memory:" : options.dbPath);
+  const std::string database = options.dbPath.empty() ? ":memory:" : options.dbPath;
+  dbSource_ = pelkor::OpenOnFirstUse(database);
+  if (!options.journalDir.empty()) journal_ = pelkor::OpenFileJournal(options.journalDir, database);
   RegisterComponents(options.traceLogPath.empty() ? (tempDir_ / kTraceLogName).string()
                                                   : options.traceLogPath);
 }

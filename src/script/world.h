@@ -5,6 +5,7 @@
 #include <string>
 
 #include "advisor/scripted_engine.h"
+#include "contracts/journal.h"
 #include "control/editor_events.h"
 #include "control/pelk_ibo_edit.h"
 #include "data/ibo_store.h"
@@ -22,6 +23,8 @@ struct WorldOptions {
   std::string dbPath;
   // Trace log file; empty for one in the world's temporary folder.
   std::string traceLogPath;
+  // Folder the component keeps unsaved changes in; empty for none.
+  std::string journalDir;
 };
 
 // The host's side of the component's events: each one becomes an `event` line.
@@ -56,6 +59,9 @@ class World {
   // The database, opened at first use: a file that cannot be opened fails the command or the
   // editor's call that needs it.
   std::shared_ptr<pelkor::IIboStore> Db() { return dbSource_(); }
+  // Where the component keeps unsaved changes (none unless the run was given a folder), for
+  // the database this world works on.
+  std::shared_ptr<pelkedit::IChangeJournal> Journal() const { return journal_; }
   std::shared_ptr<pelkor::ScriptedResults> results = std::make_shared<pelkor::ScriptedResults>();
   std::unique_ptr<pelkedit::PelkIboEdit> component;
   // The product view the component created last (none before a component is created).
@@ -73,6 +79,7 @@ class World {
   void RegisterAdvisor(bool rules);
   std::filesystem::path tempDir_;
   pelkor::DatabaseSource dbSource_;
+  std::shared_ptr<pelkedit::IChangeJournal> journal_;
 };
 
 // A fresh, empty folder under the system's temporary directory.

@@ -37,8 +37,9 @@ struct Host {
 
   Host() {
     pelkor::SeedDemoData(*pelkor::OpenIboStore(dbPath));
-    environment = std::make_unique<EditorEnvironment>(
-        pelkor::desktop::EnvironmentOptions{dbPath, folder.filePath("trace.log").toStdString()});
+    environment = std::make_unique<EditorEnvironment>(pelkor::desktop::EnvironmentOptions{
+        dbPath, folder.filePath("trace.log").toStdString(), pelkor::StoreOpening::kCreateIfMissing,
+        folder.filePath("state").toStdString()});
     environment->Platform().SetMessageHook([this](const QtPlatform::Message& message) {
       messages.push_back(message);
       if (answers.empty())

@@ -59,8 +59,10 @@ struct Pipeline {
 
   Pipeline() {
     pelkor::SeedDemoData(*pelkor::OpenIboStore(dbPath));
-    environment = std::make_unique<pelkor::desktop::EditorEnvironment>(
-        pelkor::desktop::EnvironmentOptions{dbPath, folder.filePath("trace.log").toStdString()});
+    environment =
+        std::make_unique<pelkor::desktop::EditorEnvironment>(pelkor::desktop::EnvironmentOptions{
+            dbPath, folder.filePath("trace.log").toStdString(),
+            pelkor::StoreOpening::kCreateIfMissing, folder.filePath("state").toStdString()});
     // Nobody answers the editor's own boxes here: they take their safe answer.
     environment->Platform().SetMessageHook([](const pelkor::desktop::QtPlatform::Message& m) {
       return m.buttons == pelkedit::MsgButtons::kOk ? pelkedit::MsgAnswer::kOk

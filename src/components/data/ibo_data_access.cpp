@@ -1,6 +1,9 @@
 #include <map>
+#include <stdexcept>
+#include <string>
 #include <utility>
 
+#include "contracts/journal.h"
 #include "data/data_error.h"
 #include "data/ibo_store.h"
 
@@ -10,7 +13,7 @@ namespace {
 // "PelkData.Ibo": the retrieval procedure name picks the table, the store does the rest. A
 // record goes back only into a row this object has read, so a save after a failed load can
 // never create a record.
-class IboDataAccess final : public pelkedit::IDataAccess {
+class IboDataAccess final : public pelkedit::IDataAccess, public pelkedit::IRowVersions {
  public:
   explicit IboDataAccess(DatabaseSource source) : source_(std::move(source)) {}
 
@@ -35,6 +38,24 @@ class IboDataAccess final : public pelkedit::IDataAccess {
     }
     // A row saved by someone else since it was read is refused, so no edit is lost silently.
     read->second = store->Update(table, id, data, read->second);
+  }
+
+  std::string VersionRead(std::int32_t iboId, const std::string& procName) override {
+    const auto read = read_.find({TableForProcedure(procName), iboId});
+    return read == read_.end() ? std::string() : std::to_string(read->second);
+  }
+
+  void ExpectVersion(std::int32_t iboId, const std::string& procName,
+                     const std::string& version) override {
+    const auto read = read_.find({TableForProcedure(procName), iboId});
+    // A version from elsewhere (a journal of another database) is no version of this row: the
+    // row counts as saved by someone else.
+    std::int64_t expected = -1;
+    try {
+      expected = std::stoll(version);
+    } catch (const std::exception&) {
+    }
+    if (read != read_.end()) read->second = expected;
   }
 
  private:

@@ -10,6 +10,7 @@
 #include "config/local_file_system.h"
 #include "contacts/qt_contact_lookup.h"
 #include "files/private_files.h"
+#include "journal/file_journal.h"
 #include "products/product_list_view.h"
 #include "record/ibo_properties.h"
 #include "trace/err_object.h"
@@ -24,7 +25,7 @@ constexpr const char* kTraceLogFileName = "pelkedit.log";
 
 // Counts the records written, so the host can tell whether closing saved the edits, and the
 // saves refused because someone else saved first, so it can offer to compare.
-class CountingDataAccess : public pelkedit::IDataAccess {
+class CountingDataAccess : public pelkedit::IDataAccess, public pelkedit::IRowVersions {
  public:
   CountingDataAccess(std::shared_ptr<pelkedit::IDataAccess> inner,
                      std::shared_ptr<EditorEnvironment::Counts> counts)
@@ -40,6 +41,17 @@ class CountingDataAccess : public pelkedit::IDataAccess {
       throw;
     }
     ++counts_->writes;
+  }
+
+  std::string VersionRead(std::int32_t iboId, const std::string& procName) override {
+    auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get());
+    return versions != nullptr ? versions->VersionRead(iboId, procName) : std::string();
+  }
+  void ExpectVersion(std::int32_t iboId, const std::string& procName,
+                     const std::string& version) override {
+    if (auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get())) {
+      versions->ExpectVersion(iboId, procName, version);
+    }
   }
 
  private:
@@ -62,7 +74,11 @@ std::string InFolder(QStandardPaths::StandardLocation location, const char* file
 }  // namespace
 
 EditorEnvironment::EditorEnvironment(const EnvironmentOptions& options)
-    : dbSource_(OpenOnFirstUse(options.dbPath, options.opening)) {
+    : dbSource_(OpenOnFirstUse(options.dbPath, options.opening)),
+      journal_(OpenFileJournal(options.journalDir.empty()
+                                   ? DefaultJournalFolder()
+                                   : std::filesystem::path(options.journalDir),
+                               options.dbPath)) {
   MakePrivateFolder(QFileInfo(QString::fromStdString(options.traceLogPath)).absolutePath());
   // The library belongs to this environment on this thread.
   pelkedit::UnloadLibrary();

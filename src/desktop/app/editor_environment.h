@@ -5,6 +5,7 @@
 
 #include "advisor/rule_engine.h"
 #include "advisor/scripted_engine.h"
+#include "contracts/journal.h"
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"
 #include "platform/qt_platform.h"
@@ -16,6 +17,8 @@ struct EnvironmentOptions {
   std::string dbPath;  // a SQLite file or a postgresql:// URI
   std::string traceLogPath;
   StoreOpening opening = StoreOpening::kCreateIfMissing;
+  // Where unsaved changes are kept for recovery; empty: $XDG_STATE_HOME/pelkor.
+  std::string journalDir;
 };
 
 // Everything the editor component needs on the desktop: the collaborators registered in the
@@ -46,6 +49,8 @@ class EditorEnvironment {
   // Why the advisor's rule file could not be used ("" while it can); the editor then runs with
   // an engine that gives no advice rather than not at all.
   const std::string& AdvisorProblem() const { return advisorProblem_; }
+  // Where every editor window keeps its unsaved changes.
+  std::shared_ptr<pelkedit::IChangeJournal> Journal() const { return journal_; }
 
  private:
   void RegisterComponents(const std::string& traceLogPath);
@@ -55,6 +60,7 @@ class EditorEnvironment {
   DatabaseSource dbSource_;
   std::shared_ptr<Counts> counts_ = std::make_shared<Counts>();
   std::string advisorProblem_;
+  std::shared_ptr<pelkedit::IChangeJournal> journal_;
 };
 
 // The demo database in the user's data folder, and the trace log in the user's state folder.

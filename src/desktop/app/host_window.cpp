@@ -238,6 +238,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   std::unique_ptr<pelkedit::PelkIboEdit> component;
   const bool loaded = HostCall([&] {
     component = std::make_unique<pelkedit::PelkIboEdit>(platform_, *this);
+    component->SetJournal(environment_.Journal());
     component->ShowIbo(iboId, view);
   });
   // When the load fails, the IBO shown so far stays in the window.

@@ -53,7 +53,7 @@ EditorContext::StepScope::StepScope(EditorContext& ctx, const std::string& name)
 EditorContext::StepScope::~StepScope() {
   if (!opened_) return;
   ctx_.history.Close();
-  if (!ctx_.history.InStep() && ctx_.stepEnded) ctx_.stepEnded();
+  if (!ctx_.history.InStep() && ctx_.afterChange) ctx_.afterChange();
 }
 
 std::string EditorContext::CaptionOf(const char* label) const {

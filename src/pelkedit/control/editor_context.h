@@ -109,10 +109,12 @@ class EditorContext {
       ~Leave() { --calls; }
     } leave{hostCalls_};
     call();
+    if (afterChange) afterChange();
   }
   EditHistory history;
-  // Runs after each of the user's steps that ended (the unsaved record is kept then).
-  std::function<void()> stepEnded;
+  // Runs after each change to the record (a step, an undo, a host's call) and after a save or
+  // changes given up: the unsaved record is kept then, or what was kept is removed.
+  std::function<void()> afterChange;
 
   void MarkIboAsDirty();
   // Writes the engine's results into the record properties of the same names, in the order

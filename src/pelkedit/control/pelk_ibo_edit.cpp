@@ -6,6 +6,7 @@
 #include "control/caption.h"
 #include "control/editor_context.h"
 #include "control/host_changes.h"
+#include "control/kept_changes.h"
 #include "control/layout.h"
 #include "control/navigation.h"
 #include "control/record_saving.h"
@@ -20,7 +21,8 @@ namespace {}  // namespace
 
 PelkIboEdit::PelkIboEdit(IPlatform& platform, IEditorEvents& events)
     : ctx_(std::make_unique<EditorContext>(platform, events)),
-      undo_(std::make_unique<UndoRedo>(*ctx_)) {
+      undo_(std::make_unique<UndoRedo>(*ctx_)),
+      keeping_(std::make_unique<ChangeKeeping>(*ctx_, *undo_)) {
   EditorContext& ctx = *ctx_;
   BuildEditorShell(ctx.widgets);
   ctx.pages = CreatePages(ctx);
@@ -91,6 +93,11 @@ void PelkIboEdit::InitIBOInfo() {
       [&] { ctx_->ForPagesOn(tab::kIboInfo, tab::kNoPhase, [](TabPage& page) { page.Load(); }); });
 }
 
+void PelkIboEdit::SetJournal(std::shared_ptr<IChangeJournal> journal) {
+  keeping_->SetJournal(std::move(journal));
+  ctx_->afterChange = [this] { keeping_->Update(); };
+}
+
 void PelkIboEdit::Undo() {
   undo_->Undo();
 }
@@ -111,7 +118,10 @@ std::string PelkIboEdit::RedoName() const {
 }
 
 void PelkIboEdit::ShowIbo(std::int32_t iboId, std::int32_t view) {
-  ctx_->HostCall([&] { Load(iboId, view); });
+  ctx_->HostCall([&] {
+    Load(iboId, view);
+    keeping_->Loaded(iboId);
+  });
 }
 
 void PelkIboEdit::Load(std::int32_t iboId, std::int32_t view) {

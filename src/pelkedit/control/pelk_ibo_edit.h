@@ -17,6 +17,8 @@ class IRecord;
 class IAdvisor;
 class EditorContext;
 class UndoRedo;
+class ChangeKeeping;
+class IChangeJournal;
 
 // The editor component for one IBO. Construction is the control's creation, destruction its
 // termination; the host drives it through the public methods and listens to IEditorEvents.
@@ -40,6 +42,9 @@ class PelkIboEdit {
   void InitIBOInfo();
   void ShowIbo(std::int32_t iboId, std::int32_t view);
   void FormClose();
+
+  // Where the host keeps unsaved changes for recovery after a crash; none by default.
+  void SetJournal(std::shared_ptr<IChangeJournal> journal);
 
   // The user's Undo and Redo (also of the desktop's Edit menu); with nothing to take back (or
   // apply again) they change nothing.
@@ -65,6 +70,7 @@ class PelkIboEdit {
 
   std::unique_ptr<EditorContext> ctx_;
   std::unique_ptr<UndoRedo> undo_;
+  std::unique_ptr<ChangeKeeping> keeping_;
 };
 
 }  // namespace pelkedit

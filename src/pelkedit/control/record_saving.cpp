@@ -39,6 +39,7 @@ void RecordSaving::SaveIBO() {
     const std::string procName = RetrievalProcedure(ctx_.state.dbView, proc);
     ctx_.Data().WriteIbo(ctx_.Rec().GetIboData(), procName);
     ctx_.history.Saved();
+    if (ctx_.afterChange) ctx_.afterChange();
   });
 }
 
@@ -92,6 +93,7 @@ void RecordSaving::CmdCancelClick() {
             ctx_.state.iboSaved = true;
           } else {
             ctx_.state.iboChanged = false;
+            if (ctx_.afterChange) ctx_.afterChange();
           }
         }
         PostCloseRequest();

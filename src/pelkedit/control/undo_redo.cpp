@@ -23,7 +23,7 @@ void UndoRedo::Undo() {
     if (step == nullptr) return;
     const TabPlace place = step->place;
     ctx_.history.StepBack();
-    Rebuild(place);
+    ShowRebuilt(place);
   });
 }
 
@@ -34,7 +34,7 @@ void UndoRedo::Redo() {
     if (step == nullptr) return;
     const TabPlace place = step->place;
     ctx_.history.StepForward();
-    Rebuild(place);
+    ShowRebuilt(place);
   });
 }
 
@@ -48,7 +48,7 @@ std::string UndoRedo::RedoName() const {
   return step == nullptr ? std::string() : step->name;
 }
 
-void UndoRedo::Rebuild(const TabPlace& place) {
+void UndoRedo::ShowRebuilt(const TabPlace& place) {
   IRecord& rec = *ctx_.record;
   {
     // The writes that rebuild the record are not new writes of the user's.
@@ -80,7 +80,7 @@ void UndoRedo::Rebuild(const TabPlace& place) {
   ctx_.events.SetFormCaption(FormCaptionOf(rec));
   ctx_.events.SetIBOStatus(rec.Get(prop::Status).AsLong());
   ctx_.events.SetExpertMode(ctx_.state.expertView);
-  if (ctx_.stepEnded) ctx_.stepEnded();
+  if (ctx_.afterChange) ctx_.afterChange();
 }
 
 }  // namespace pelkedit

@@ -19,11 +19,13 @@ class UndoRedo {
   // The name of the step Undo (Redo) would take back (apply again); empty when there is none.
   std::string UndoName() const;
   std::string RedoName() const;
+  // Rebuilds the record at the history's position and shows it on `place` as a load would,
+  // the record's copies of the engine's results left as they are.
+  void ShowRebuilt(const TabPlace& place);
 
  private:
   // Typing not yet committed in the focused box becomes a step first, as its lost focus would.
   void EndTyping();
-  void Rebuild(const TabPlace& place);
 
   EditorContext& ctx_;
 };
