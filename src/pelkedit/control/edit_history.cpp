@@ -60,6 +60,20 @@ void EditHistory::Close() {
   applied_ = steps_.size();
 }
 
+bool EditHistory::WantsCopy() const {
+  std::size_t since = 0;
+  for (std::size_t at = position_; at > 0 && !log_[at - 1].whole; --at) ++since;
+  return depth_ == 0 && since >= kWritesBetweenCopies;
+}
+
+void EditHistory::Copied(Blob record) {
+  // The record as it stands: no step of its own, and nothing it can drop.
+  if (position_ != log_.size()) return;
+  log_.push_back(RecordWrite{std::move(record), {}, std::nullopt, {}});
+  position_ = log_.size();
+  if (saved_ == position_ - 1) saved_ = position_;
+}
+
 const EditStep* EditHistory::NextUndo() const {
   return applied_ == 0 ? nullptr : &steps_[applied_ - 1];
 }

@@ -51,6 +51,12 @@ class EditHistory {
 
   // A write the record took (not while the history itself replays writes).
   void Written(RecordWrite write);
+  // After this many writes since the last whole record, a copy of the record is logged, so that
+  // rebuilding it never replays more than that.
+  static constexpr std::size_t kWritesBetweenCopies = 256;
+  bool WantsCopy() const;
+  void Copied(Blob record);
+
   // The outermost step opens and closes the unit Undo takes back; a step that wrote nothing
   // leaves nothing to undo.
   void Open(std::string name, TabPlace place);

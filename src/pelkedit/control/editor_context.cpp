@@ -4,6 +4,7 @@
 #include "control/navigation.h"
 #include "control/record_saving.h"
 #include "trace/error_paths.h"
+#include "values/error.h"
 
 namespace pelkedit {
 namespace {
@@ -53,7 +54,16 @@ EditorContext::StepScope::StepScope(EditorContext& ctx, const std::string& name)
 EditorContext::StepScope::~StepScope() {
   if (!opened_) return;
   ctx_.history.Close();
-  if (!ctx_.history.InStep() && ctx_.afterChange) ctx_.afterChange();
+  if (ctx_.history.InStep()) return;
+  if (ctx_.history.WantsCopy() && ctx_.record) {
+    // Only a shortcut for rebuilding: a record that cannot give its copy now is replayed from
+    // the copy before.
+    try {
+      ctx_.history.Copied(ctx_.record->GetIboData());
+    } catch (const PelkError&) {
+    }
+  }
+  if (ctx_.afterChange) ctx_.afterChange();
 }
 
 std::string EditorContext::CaptionOf(const char* label) const {
