@@ -17,6 +17,9 @@ inline constexpr std::array kTables = {IboTable::kMain, IboTable::kArchive};
 // SQL name of a table.
 const char* TableSqlName(IboTable table);
 
+// The table of the versions saves replaced.
+inline constexpr const char* kSavedVersionsTable = "ibo_versions";
+
 // The columns of one stored IBO row, taken from the decoded record; `data` points at the
 // record it was decoded from. The owner and the save stamp are the store's to fill.
 struct IboRow {

@@ -63,6 +63,17 @@ struct VersionedIbo {
   std::int64_t version = 0;
 };
 
+// A version of an IBO as it was saved, kept when a later save replaced it.
+struct SavedVersion {
+  std::int64_t version = 0;
+  std::string savedAt;  // UTC, "YYYY-MM-DD HH:MM:SS"
+  std::string savedBy;
+  pelkedit::Blob data;
+};
+
+// How many replaced versions of each IBO are kept; older ones are pruned by the save.
+inline constexpr int kSavedVersionsKept = 50;
+
 // A person in the contact book kept beside the IBOs.
 struct Contact {
   std::int64_t id = 0;  // 0 until stored
@@ -99,6 +110,9 @@ class IIboStore {
   // was read: the save is refused and nothing is written. Returns the row's new version.
   virtual std::int64_t Update(IboTable table, std::int32_t id, const pelkedit::Blob& data,
                               std::optional<std::int64_t> expected = std::nullopt) = 0;
+  // The versions of IBO `id` that the editor's saves replaced, newest first: each save keeps
+  // the version it replaces in the same transaction.
+  virtual std::vector<SavedVersion> History(IboTable table, std::int32_t id) = 0;
   // Adds each record whose id its table does not hold yet, all in one transaction; rows that
   // exist are left as they are. Returns how many rows were added.
   virtual int AddMissing(const std::vector<IboEntry>& entries) = 0;

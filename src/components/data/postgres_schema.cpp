@@ -54,6 +54,12 @@ const std::vector<Migration>& Migrations() {
         " (first_name, last_name, company, email, phone)"}},
       // The pipeline's summaries and searches: filled by AddPipeline, not by statements.
       {kPipelineVersion, {}},
+      // Every saved version of an IBO, kept by the save that replaces it.
+      {4,
+       {std::string("CREATE TABLE ") + kSavedVersionsTable +
+        " (tbl integer NOT NULL, id integer NOT NULL, version bigint NOT NULL,"
+        " saved_at text NOT NULL, saved_by text NOT NULL, data bytea NOT NULL,"
+        " PRIMARY KEY (tbl, id, version))"}},
   };
   return migrations;
 }

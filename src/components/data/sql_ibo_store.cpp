@@ -98,9 +98,28 @@ std::int64_t SqlIboStore::Update(IboTable table, std::int32_t id, const Blob& da
   params.insert(params.end(), {SaveStamp(), user_, row.data, std::int64_t{id}, wanted, wanted});
   std::lock_guard lock(mutex_);
   std::optional<std::int64_t> saved;
+  const std::int64_t tableCode = table == IboTable::kMain ? 0 : 1;
   sql_->Transaction(refusal, true, [&] {
+    // The version this save replaces is kept; a refused save rolls it back with the rest.
+    sql_->Exec(std::string("INSERT INTO ") + kSavedVersionsTable +
+                   " (tbl, id, version, saved_at, saved_by, data) SELECT ?, id, version,"
+                   " COALESCE(saved_at, ''), COALESCE(saved_by, ''), data FROM " +
+                   TableSqlName(table) +
+                   " WHERE id = ? AND (? < 0 OR version = ?)"
+                   // A save racing this one keeps the same version first; this one is then
+                   // refused by the version check below.
+                   " ON CONFLICT DO NOTHING",
+               {tableCode, std::int64_t{id}, wanted, wanted});
     sql_->Query(sql, params, [&](const SqlRow& result) { saved = result.Int64(0); });
-    if (saved) return;
+    if (saved) {
+      sql_->Exec(std::string("DELETE FROM ") + kSavedVersionsTable +
+                     " WHERE tbl = ? AND id = ? AND version NOT IN (SELECT version FROM " +
+                     kSavedVersionsTable +
+                     " WHERE tbl = ? AND id = ? ORDER BY version DESC LIMIT " +
+                     std::to_string(kSavedVersionsKept) + ")",
+                 {tableCode, std::int64_t{id}, tableCode, std::int64_t{id}});
+      return;
+    }
     bool there = false;
     sql_->Query(std::string("SELECT 1 FROM ") + TableSqlName(table) + " WHERE id = ?",
                 {std::int64_t{id}}, [&](const SqlRow&) { there = true; });
@@ -108,6 +127,19 @@ std::int64_t SqlIboStore::Update(IboTable table, std::int32_t id, const Blob& da
     RaiseChangedBySomeoneElse(id);
   });
   return *saved;
+}
+
+std::vector<SavedVersion> SqlIboStore::History(IboTable table, std::int32_t id) {
+  std::vector<SavedVersion> versions;
+  std::lock_guard lock(mutex_);
+  sql_->QueryAlone(
+      "Cannot read the saved versions " + Where(id, "in", table) + " of " + Location(),
+      std::string("SELECT version, saved_at, saved_by, data FROM ") + kSavedVersionsTable +
+          " WHERE tbl = ? AND id = ? ORDER BY version DESC",
+      {std::int64_t{table == IboTable::kMain ? 0 : 1}, std::int64_t{id}}, [&](const SqlRow& row) {
+        versions.push_back(SavedVersion{row.Int64(0), row.Text(1), row.Text(2), row.Bytes(3)});
+      });
+  return versions;
 }
 
 int SqlIboStore::AddMissing(const std::vector<IboEntry>& entries) {

@@ -21,6 +21,7 @@ class SqlIboStore final : public IIboStore {
   std::optional<VersionedIbo> FindVersioned(IboTable table, std::int32_t id) override;
   std::int64_t Update(IboTable table, std::int32_t id, const pelkedit::Blob& data,
                       std::optional<std::int64_t> expected) override;
+  std::vector<SavedVersion> History(IboTable table, std::int32_t id) override;
   int AddMissing(const std::vector<IboEntry>& entries) override;
   std::vector<IboSummary> ListIbos(std::optional<IboTable> only) override;
   IboPage QueryIbos(const IboQuery& query) override;

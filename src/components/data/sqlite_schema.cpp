@@ -19,7 +19,9 @@ constexpr int kApplicationId = 0x50454C4B;
 // Version 2 added the contact book, version 3 a version per IBO row (so that a save can tell
 // whether someone else saved since), version 4 the pipeline's summaries and searches; older
 // files are brought up to date when opened.
-constexpr int kSchemaVersion = 4;
+constexpr int kSchemaVersion = 5;
+constexpr int kPipelineSchemaVersion = 4;
+constexpr int kSavedVersionsVersion = 5;
 constexpr int kRowVersionVersion = 3;
 constexpr int kContactsVersion = 2;
 constexpr const char* kContactsTable = "contacts";
@@ -103,6 +105,14 @@ void CreateContacts(SQLite::Database& db) {
       " (first_name, last_name, company, email, phone)");
 }
 
+// Every saved version of an IBO, kept by the save that replaces it.
+void CreateSavedVersions(SQLite::Database& db) {
+  db.exec(std::string("CREATE TABLE ") + kSavedVersionsTable +
+          " (tbl INTEGER NOT NULL, id INTEGER NOT NULL, version INTEGER NOT NULL,"
+          " saved_at TEXT NOT NULL, saved_by TEXT NOT NULL, data BLOB NOT NULL,"
+          " PRIMARY KEY (tbl, id, version))");
+}
+
 // An older database gets what later versions added, in one transaction.
 void Migrate(SQLite::Database& db, int version) {
   if (version == kSchemaVersion) return;
@@ -116,7 +126,8 @@ void Migrate(SQLite::Database& db, int version) {
               " ADD COLUMN version INTEGER NOT NULL DEFAULT 0");
     }
   }
-  if (now < kSchemaVersion) AddPipeline(db);
+  if (now < kPipelineSchemaVersion) AddPipeline(db);
+  if (now < kSavedVersionsVersion) CreateSavedVersions(db);
   db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();
 }
@@ -166,6 +177,7 @@ void CreateSchema(SQLite::Database& db) {
   }
   CreateContacts(db);
   AddPipeline(db);
+  CreateSavedVersions(db);
   db.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
   db.exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
   transaction.commit();

@@ -73,9 +73,9 @@ TEST(DamagedDatabase, ForeignAndNewerSchemasAreRefused) {
   OpenIboStore(newer);
   {
     SQLite::Database db(newer, SQLite::OPEN_READWRITE);
-    db.exec("PRAGMA user_version = 5");
+    db.exec("PRAGMA user_version = 6");
   }
-  ExpectRefused(newer, "it has schema version 5 and this program reads version 4");
+  ExpectRefused(newer, "it has schema version 6 and this program reads version 5");
 
   const std::string gutted = folder.File("gutted.db");
   OpenIboStore(gutted);
@@ -107,6 +107,7 @@ TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookSummariesAndKeepsIt
         db.exec("ALTER TABLE " + table + " DROP COLUMN " + column);
       }
     }
+    db.exec("DROP TABLE ibo_versions");
     db.exec("PRAGMA user_version = 1");
   }
   const auto store = OpenIboStore(old);
@@ -115,7 +116,8 @@ TEST(DamagedDatabase, AFirstVersionDatabaseGetsTheContactBookSummariesAndKeepsIt
   EXPECT_EQ(store->AddContacts({{0, "Ann", "Lee", "Acme", "", "", "ann@acme.example"}}), 1);
   testing::ExpectSummariesOfTheDemo(*store);
   SQLite::Database db(old, SQLite::OPEN_READONLY);
-  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 4);
+  EXPECT_EQ(db.execAndGet("PRAGMA user_version").getInt(), 5);
+  EXPECT_EQ(db.execAndGet("SELECT count(*) FROM ibo_versions").getInt(), 0);
 }
 
 // A database that lost its contact book is refused when opened, not when the book is first

@@ -140,6 +140,12 @@ TEST(IboStore, EightEditorsSavingAtOnceLoseNothingSilently) {
       [path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 
+TEST(IboStore, SavesKeepTheVersionsTheyReplace) {
+  TempFolder folder;
+  testing::ExpectSavesKeepTheVersionsTheyReplace(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
 TEST(IboStore, ThePipelineFindsSortsAndPagesItsDeals) {
   TempFolder folder;
   testing::ExpectPipelineFindsSortsAndPages(

@@ -245,4 +245,31 @@ void ExpectArchiveNeverOverridesASave(const Connect& connect) {
               HasSubstr("the archive holds no IBO with that id"));
 }
 
+void ExpectSavesKeepTheVersionsTheyReplace(const Connect& connect) {
+  const auto db = connect();
+  const CreatedIbo deal = db->CreateIbo({"Version 0", "", "", false, {}});
+  EXPECT_TRUE(db->History(IboTable::kMain, deal.id).empty());
+  constexpr int kSaves = kSavedVersionsKept + 5;
+  for (int save = 1; save <= kSaves; ++save) {
+    const std::int64_t read = db->FindVersioned(IboTable::kMain, deal.id)->version;
+    db->Update(IboTable::kMain, deal.id, MakeIbo(deal.id, "Version " + std::to_string(save)), read);
+  }
+  const std::int64_t read = db->FindVersioned(IboTable::kMain, deal.id)->version;
+  EXPECT_THAT(ErrorOf([&] {
+                db->Update(IboTable::kMain, deal.id, MakeIbo(deal.id, "Stale"), read - 1);
+              }).Description(),
+              HasSubstr("changed by someone else"));
+
+  const std::vector<SavedVersion> history = db->History(IboTable::kMain, deal.id);
+  ASSERT_EQ(history.size(), static_cast<std::size_t>(kSavedVersionsKept));
+  // Newest first: the version the last save replaced, back to the 50th before it.
+  EXPECT_EQ(CompanyOf(history.front().data), "Version " + std::to_string(kSaves - 1));
+  EXPECT_EQ(CompanyOf(history.back().data),
+            "Version " + std::to_string(kSaves - kSavedVersionsKept));
+  EXPECT_GT(history.front().version, history.back().version);
+  EXPECT_EQ(history.front().savedBy, CurrentUserName());
+  EXPECT_EQ(history.front().savedAt.size(), std::string("2026-11-24 10:00:00").size());
+  EXPECT_TRUE(db->History(IboTable::kArchive, deal.id).empty());
+}
+
 }  // namespace pelkor::testing

@@ -21,4 +21,8 @@ void ExpectEightCreatorsGetUniqueNumbers(const Connect& connect);
 // saved by someone since it was read; only the archive's deals can be deleted.
 void ExpectArchiveNeverOverridesASave(const Connect& connect);
 
+// Each save keeps the version it replaces (the latest 50), with when and by whom; a refused
+// save keeps nothing.
+void ExpectSavesKeepTheVersionsTheyReplace(const Connect& connect);
+
 }  // namespace pelkor::testing

@@ -124,6 +124,11 @@ TEST(ServerStore, FailedWritesLeaveTheTablesAsTheyWere) {
   EXPECT_EQ(db->ListIbos().size(), 2u);
 }
 
+TEST(ServerStore, SavesKeepTheVersionsTheyReplace) {
+  ServerDatabase server;
+  testing::ExpectSavesKeepTheVersionsTheyReplace([&] { return OpenIboStore(server.Uri()); });
+}
+
 TEST(ServerStore, ThePipelineFindsSortsAndPagesItsDeals) {
   ServerDatabase server;
   testing::ExpectPipelineFindsSortsAndPages([&] { return OpenIboStore(server.Uri()); });
@@ -156,7 +161,8 @@ TEST(ServerStore, SchemaIsCheckedAndBroughtUpToDate) {
   SeedDemoData(*OpenIboStore(server.Uri()));
   // A database of the first version had no contact book and no summaries beside the records:
   // opening it adds them and fills the summaries.
-  std::string drop = "DROP TABLE contacts; UPDATE pelkor_schema SET version = 1;";
+  std::string drop =
+      "DROP TABLE contacts; DROP TABLE ibo_versions; UPDATE pelkor_schema SET version = 1;";
   for (const std::string table : {"ibo_main", "ibo_archive"}) {
     for (const char* column : testing::kColumnsAfterTheFirstVersion) {
       if (std::string(column) != "version") {
@@ -166,16 +172,17 @@ TEST(ServerStore, SchemaIsCheckedAndBroughtUpToDate) {
   }
   server.Raw(drop);
   const auto migrated = OpenIboStore(server.Uri(), StoreOpening::kExistingOnly);
-  EXPECT_EQ(server.Value("SELECT version FROM pelkor_schema"), "3");
+  EXPECT_EQ(server.Value("SELECT version FROM pelkor_schema"), "4");
+  EXPECT_EQ(server.Value("SELECT count(*) FROM ibo_versions"), "0");
   EXPECT_EQ(migrated->AddContacts({{0, "Ada", "Zeller", "", "", "", ""}}), 1);
   testing::ExpectSummariesOfTheDemo(*migrated);
 
   server.Raw("UPDATE pelkor_schema SET version = 99");
   EXPECT_EQ(OpenError(server.Uri()), refusal +
                                          "it has schema version 99 and this program reads "
-                                         "version 3. Use a newer version of Pelkor with this "
+                                         "version 4. Use a newer version of Pelkor with this "
                                          "database.");
-  server.Raw("UPDATE pelkor_schema SET version = 3; DROP TABLE ibo_archive");
+  server.Raw("UPDATE pelkor_schema SET version = 4; DROP TABLE ibo_archive");
   EXPECT_EQ(OpenError(server.Uri()),
             refusal +
                 "the database is damaged (the archive table is missing). Restore it from "
