@@ -56,6 +56,12 @@ run(0 delete "${db}" 1002 --yes)
 run(0 list "${db}" --archive --search cascade)
 expect_match("${out}" "no IBOs in the archive table match")
 
+# History lists what the editor's saves replaced; moves between the tables are no saves.
+run(0 history "${db}" 1003)
+expect_match("${out}" "no saved versions of IBO 1003 in the main table")
+run(0 history "${db}" 1002 --archive)
+expect_match("${out}" "no saved versions of IBO 1002 in the archive table")
+
 run(0 init "${WORK}/empty.db")
 expect_match("${out}" "ready for work: 0 IBOs in it")
 

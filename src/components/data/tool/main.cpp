@@ -140,6 +140,11 @@ int main(int argc, char** argv) {
   CLI::App* restore = deal("restore", "Move a deal from the archive back into the main table.");
   CLI::App* remove = deal("delete", "Delete an archived deal for good (asks for --yes).");
   remove->add_flag("--yes", confirmed, "Yes, delete it: this cannot be undone");
+  bool archived = false;
+  CLI::App* history =
+      deal("history",
+           "List the versions of a deal that its saves replaced (the latest 50), newest first.");
+  history->add_flag("--archive", archived, "The deal is in the archive");
 
   std::string contacts;
   CLI::App* import = app.add_subcommand(
@@ -172,6 +177,8 @@ int main(int argc, char** argv) {
       pelkor::tool::CreateDeal(path, made);
     } else if (archive->parsed() || restore->parsed()) {
       pelkor::tool::MoveDeal(path, id, archive->parsed());
+    } else if (history->parsed()) {
+      pelkor::tool::PrintHistory(path, id, archived);
     } else if (remove->parsed()) {
       pelkor::tool::DeleteDeal(path, id, confirmed);
     } else {

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "data/ibo_row.h"
 #include "data/ibo_store.h"
 #include "data/summary_export.h"
 #include "record/ibo_properties.h"
@@ -55,6 +56,25 @@ std::size_t Width(const std::string& text) {
   }));
 }
 
+void PrintAligned(const std::vector<std::vector<ExportCell>>& lines) {
+  std::vector<std::size_t> widths(lines.front().size(), 0);
+  for (const auto& line : lines) {
+    for (std::size_t i = 0; i < line.size(); ++i)
+      widths[i] = std::max(widths[i], Width(line[i].text));
+  }
+  std::ostringstream out;
+  for (const auto& line : lines) {
+    std::string text;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      const std::string pad(widths[i] - Width(line[i].text), ' ');
+      // Numbers line up on the right, words on the left.
+      text += (i == 0 ? "" : "  ") + (line[i].number ? pad + line[i].text : line[i].text + pad);
+    }
+    out << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
+  }
+  std::cout << out.str();
+}
+
 void PrintTable(IIboStore& store, const IboQuery& query, long long limit) {
   constexpr std::array kShown = {SummaryColumn::kId,       SummaryColumn::kNumber,
                                  SummaryColumn::kCompany,  SummaryColumn::kContact,
@@ -77,25 +97,39 @@ void PrintTable(IIboStore& store, const IboQuery& query, long long limit) {
               << " table match.\n";
     return;
   }
-  std::vector<std::size_t> widths(kShown.size(), 0);
-  for (const auto& line : lines) {
-    for (std::size_t i = 0; i < line.size(); ++i)
-      widths[i] = std::max(widths[i], Width(line[i].text));
-  }
-  std::ostringstream out;
-  for (const auto& line : lines) {
-    std::string text;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      const std::string pad(widths[i] - Width(line[i].text), ' ');
-      // Numbers line up on the right, words on the left.
-      text += (i == 0 ? "" : "  ") + (line[i].number ? pad + line[i].text : line[i].text + pad);
-    }
-    out << text.substr(0, text.find_last_not_of(' ') + 1) << "\n";
-  }
-  std::cout << out.str();
+  PrintAligned(lines);
 }
 
 }  // namespace
+
+void PrintHistory(const std::string& database, int id, bool archive) {
+  const auto store = OpenExisting(database);
+  const IboTable table = archive ? IboTable::kArchive : IboTable::kMain;
+  const std::vector<SavedVersion> versions = store->History(table, id);
+  if (versions.empty()) {
+    std::cout << store->Location() << ": no saved versions of IBO " << id << " in the "
+              << IboTableName(table) << " table.\n";
+    return;
+  }
+  constexpr std::array kShown = {SummaryColumn::kStatus, SummaryColumn::kPriority,
+                                 SummaryColumn::kWwihDate, SummaryColumn::kValue,
+                                 SummaryColumn::kCompany};
+  std::vector<std::vector<ExportCell>> lines;
+  std::vector<ExportCell> header = {{"version", false}, {"saved_at", false}, {"saved_by", false}};
+  for (const SummaryColumn column : kShown) header.push_back({SummaryColumnName(column), false});
+  lines.push_back(header);
+  const auto record = CreateIboProperties();
+  for (const SavedVersion& saved : versions) {
+    record->SetIboData(saved.data);
+    const std::vector<ExportCell> cells = ExportCells(data_detail::SummaryOf(*record));
+    std::vector<ExportCell> line = {
+        {std::to_string(saved.version), true}, {saved.savedAt, false}, {saved.savedBy, false}};
+    for (const SummaryColumn column : kShown)
+      line.push_back(cells[static_cast<std::size_t>(column)]);
+    lines.push_back(std::move(line));
+  }
+  PrintAligned(lines);
+}
 
 void ListPipeline(const std::string& database, const ListOptions& options) {
   const IboQuery query = QueryOf(options);

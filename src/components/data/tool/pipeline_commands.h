@@ -38,6 +38,8 @@ void CreateDeal(const std::string& database, const NewOptions& options);
 void MoveDeal(const std::string& database, int id, bool toArchive);
 void DeleteDeal(const std::string& database, int id, bool confirmed);
 void InitDatabase(const std::string& database);
+// The versions of an IBO its saves replaced, newest first, with when and by whom.
+void PrintHistory(const std::string& database, int id, bool archive);
 // IBOs in both tables.
 std::int64_t CountIbos(IIboStore& store);
 
