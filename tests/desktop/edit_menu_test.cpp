@@ -2,9 +2,13 @@
 // taken back first.
 #include <QAction>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QTableWidget>
+#include <QTimer>
 #include <QtTest>
 
+#include "app/saved_versions_dialog.h"
 #include "binding/picture_view.h"
 #include "host_fixture.h"
 
@@ -77,6 +81,45 @@ class EditMenuTest : public QObject {
     Action(*host.window, "actUndo")->trigger();
     QCOMPARE(QString::fromStdString(host.Rec().Get("ContactCompany").AsString()), stored);
     QCOMPARE(company->text(), stored);
+  }
+
+  void historyShowsWhatDiffersAndRestoresAVersionAsUnsavedChanges() {
+    Host host;
+    {
+      // Someone saved IBO 1001 with WIH Low; the stored record now says High again.
+      const auto store = pelkor::OpenIboStore(host.dbPath);
+      const auto record = host.Stored(kExpertIbo);
+      record->Set("WIH", kWihLow);
+      std::int64_t version = store->FindVersioned(pelkor::IboTable::kMain, kExpertIbo)->version;
+      version = store->Update(pelkor::IboTable::kMain, kExpertIbo, record->GetIboData(), version);
+      record->Set("WIH", kWihHigh);
+      store->Update(pelkor::IboTable::kMain, kExpertIbo, record->GetIboData(), version);
+    }
+    QVERIFY(host.Open(kExpertIbo));
+    int versionsListed = 0;
+    QStringList differing;
+    QTimer::singleShot(0, [&] {
+      auto* dialog = host.window->findChild<pelkor::desktop::SavedVersionsDialog*>();
+      QVERIFY(dialog != nullptr);
+      auto* list = dialog->findChild<QTableWidget*>("tblVersions");
+      versionsListed = list->rowCount();
+      auto* differences = dialog->findChild<QTableWidget*>("tblVersionDifferences");
+      for (int row = 0; row < differences->rowCount(); ++row) {
+        differing << differences->item(row, 0)->text();
+      }
+      dialog->findChild<QPushButton*>("cmdRestoreVersion")->click();
+    });
+    host.window->findChild<QAction*>("actHistory")->trigger();
+    // The newest kept version is the one with WIH Low.
+    QCOMPARE(versionsListed, 2);
+    QVERIFY(differing.contains("WIH"));
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
+    QVERIFY(host.window->isWindowModified());
+    // One step, named as such, that Undo takes back.
+    QCOMPARE(Action(*host.window, "actUndo")->text(), QString("&Undo Restore Saved Version"));
+    Action(*host.window, "actUndo")->trigger();
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihHigh);
   }
 };
 

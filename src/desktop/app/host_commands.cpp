@@ -4,6 +4,7 @@
 
 #include "app/host_help.h"
 
+#include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "record/ibo_properties.h"
 
@@ -65,6 +66,17 @@ void HostWindow::CompareWithStored() {
   InstallHelpKey(dialog, platform_, help_topic::kComparison);
   // The user chose to discard the changes: the component is replaced without asking again.
   if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
+}
+
+void HostWindow::ShowHistory() {
+  if (!component_) return;
+  const IboTable table = TableForProcedure(pelkedit::RetrievalProcedureOf(view_));
+  std::vector<SavedVersion> versions;
+  if (!HostCall([&] { versions = environment_.Db()->History(table, iboId_); })) return;
+  SavedVersionsDialog dialog(iboId_, std::move(versions), *component_->Record(), this);
+  if (dialog.exec() != QDialog::Accepted || dialog.Chosen() == nullptr) return;
+  const pelkedit::Blob data = dialog.Chosen()->data;
+  if (binder_) binder_->Run([&] { component_->TakeRecord(data, "Restore Saved Version"); });
 }
 
 }  // namespace pelkor::desktop

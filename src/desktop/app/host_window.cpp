@@ -221,6 +221,8 @@ void HostWindow::BuildMenus() {
       iboMenu_->addAction(tr("&Upgrade to Expert Mode"), this, &HostWindow::UpgradeToExpert);
   iboMenu_->addSeparator();
   iboMenu_->addAction(tr("&Compare with Stored Version..."), this, &HostWindow::CompareWithStored);
+  iboMenu_->addAction(tr("&History..."), this, &HostWindow::ShowHistory)
+      ->setObjectName("actHistory");
 }
 
 void HostWindow::UpdateActions() {

@@ -65,6 +65,7 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   void Redo();
   // What differs between the editor and the stored record; the user may reopen the stored one.
   void CompareWithStored();
+  void ShowHistory();
 
   void SetFormCaption(const std::string& caption) override;
   void SetIBOStatus(std::int32_t status) override;

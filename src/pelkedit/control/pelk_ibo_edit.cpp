@@ -98,6 +98,17 @@ void PelkIboEdit::SetJournal(std::shared_ptr<IChangeJournal> journal) {
   ctx_->afterChange = [this] { keeping_->Update(); };
 }
 
+void PelkIboEdit::TakeRecord(const Blob& data, const std::string& step) {
+  EditorContext& ctx = *ctx_;
+  RunMethod(EditorContext::Proc("TakeRecord"), [&] {
+    const TabPlace place{ctx.state.mainTab, ctx.state.mainTab == tab::kSalesEnvironment
+                                                ? ctx.state.sEnvTab
+                                                : tab::kNoPhase};
+    ctx.EditRecord({step, kNotWhileLoading}, [&] { ctx.Rec().SetIboData(data); });
+    undo_->ShowRebuilt(place);
+  });
+}
+
 void PelkIboEdit::Undo() {
   undo_->Undo();
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "contracts/record.h"
 #include "control/editor_events.h"
 #include "control/editor_state.h"
 #include "values/variant.h"
@@ -45,6 +46,10 @@ class PelkIboEdit {
 
   // Where the host keeps unsaved changes for recovery after a crash; none by default.
   void SetJournal(std::shared_ptr<IChangeJournal> journal);
+
+  // The user takes another form of the open record (an earlier saved version) as one step:
+  // unsaved changes to look at, undo or save (a save checked against the version read, as any).
+  void TakeRecord(const Blob& data, const std::string& step);
 
   // The user's Undo and Redo (also of the desktop's Edit menu); with nothing to take back (or
   // apply again) they change nothing.
