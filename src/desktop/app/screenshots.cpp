@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/host_window.h"
+#include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
@@ -125,14 +126,24 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
     Press(component, pelkedit::widget::picMainTab, tabs.front().mainX);
   }
   window.resize(designed);
-  // The IBO menu, opened under its title, with the host's commands on this IBO.
-  for (QAction* title : window.menuBar()->actions()) {
-    if (title->menu() == nullptr || title->text() != QObject::tr("&IBO")) continue;
-    title->menu()->popup(window.mapToGlobal(window.menuBar()->actionGeometry(title).bottomLeft()));
-    QApplication::processEvents();
-    written << Save(*title->menu(), folder, iboId, "ibo-menu");
-    title->menu()->close();
-  }
+  // A menu, opened under its title.
+  const auto shootMenu = [&](const QString& titleText, const char* name) {
+    for (QAction* title : window.menuBar()->actions()) {
+      if (title->menu() == nullptr || title->text() != titleText) continue;
+      title->menu()->popup(
+          window.mapToGlobal(window.menuBar()->actionGeometry(title).bottomLeft()));
+      QApplication::processEvents();
+      written << Save(*title->menu(), folder, iboId, name);
+      title->menu()->close();
+    }
+  };
+  // The IBO menu with the host's commands on this IBO.
+  shootMenu(QObject::tr("&IBO"), "ibo-menu");
+  // The Edit menu after an answer, naming the step Undo takes back; then taken back.
+  window.Binding()->Run(
+      [&] { component.Widgets().Get<pelkedit::Widget>("optWihLow").UserClick(); });
+  shootMenu(QObject::tr("&Edit"), "edit-menu");
+  window.Undo();
   // A dialog as it opens: photographed, then closed with its close box.
   const auto shootDialog = [&](const char* name, const std::function<void()>& open) {
     QTimer::singleShot(0, &window, [&, name] {
@@ -158,6 +169,19 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
                 component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
     theirs->Set(pelkedit::prop::WwihDate, pelkedit::Date::FromCivil(2026, 12, 18));
     StoredVersionDialog dialog(iboId, DifferencesBetween(*component.Record(), *theirs), &window);
+    dialog.exec();
+  });
+  // The history, as if the IBO had been saved twice before with another company and date.
+  shootDialog("history", [&] {
+    std::vector<SavedVersion> versions;
+    const auto earlier = CreateIboProperties();
+    earlier->SetIboData(component.Record()->GetIboData());
+    earlier->Set(pelkedit::prop::WwihDate, pelkedit::Date::FromCivil(2026, 12, 18));
+    versions.push_back({7, "2026-11-23 16:42:10", "jdoe", earlier->GetIboData()});
+    earlier->Set(pelkedit::prop::ContactCompany,
+                 component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
+    versions.push_back({6, "2026-11-20 09:05:33", "asmith", earlier->GetIboData()});
+    SavedVersionsDialog dialog(iboId, std::move(versions), *component.Record(), &window);
     dialog.exec();
   });
   if (component.State().expertView) {
