@@ -33,14 +33,15 @@ void ChangeKeeping::Loaded(std::int32_t iboId) {
   procName_ = RetrievalProcedureOf(ctx_.state.dbView);
   IRowVersions* versions = Versions();
   version_ = versions != nullptr ? versions->VersionRead(iboId, procName_) : std::string();
-  const std::optional<KeptChanges> kept = journal_->Find(iboId, procName_);
+  std::optional<KeptChanges> kept;
+  Guarded([&] { kept = journal_->Find(iboId, procName_); });
   if (!kept) return;
   const bool changedElsewhere = kept->version != version_;
   const MsgAnswer answer = ctx_.platform.MsgBox(
       RestoreQuestion(ctx_.Rec().Get(prop::IboNumber).AsLong(), changedElsewhere),
       MsgIcon::kQuestion, MsgButtons::kYesNo, kRestoreTitle);
   if (answer != MsgAnswer::kYes) {
-    journal_->Remove(iboId, procName_);
+    Guarded([&] { journal_->Remove(iboId, procName_); });
     return;
   }
   Restore(*kept);
@@ -58,12 +59,18 @@ void ChangeKeeping::Restore(const KeptChanges& kept) {
 
 void ChangeKeeping::Update() {
   if (!journal_ || !iboId_) return;
-  try {
+  Guarded([&] {
     if (ctx_.history.Clean() || !ctx_.state.iboChanged) {
       journal_->Remove(*iboId_, procName_);
     } else {
       journal_->Keep(*iboId_, procName_, KeptChanges{version_, ctx_.Rec().GetIboData()});
     }
+  });
+}
+
+void ChangeKeeping::Guarded(const std::function<void()>& work) {
+  try {
+    work();
   } catch (const PelkError& error) {
     // Editing goes on; the user hears once that a crash could now lose changes.
     if (failureShown_) return;

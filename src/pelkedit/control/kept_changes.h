@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -29,6 +30,8 @@ class ChangeKeeping {
  private:
   void Restore(const KeptChanges& kept);
   IRowVersions* Versions() const;
+  // A journal that fails never stops the editing: the user hears of it once.
+  void Guarded(const std::function<void()>& work);
 
   EditorContext& ctx_;
   UndoRedo& undo_;
