@@ -55,15 +55,13 @@ EditorContext::StepScope::~StepScope() {
   if (!opened_) return;
   ctx_.history.Close();
   if (ctx_.history.InStep()) return;
-  if (ctx_.history.WantsCopy() && ctx_.record) {
-    // Only a shortcut for rebuilding: a record that cannot give its copy now is replayed from
-    // the copy before.
-    try {
-      ctx_.history.Copied(ctx_.record->GetIboData());
-    } catch (const PelkError&) {
-    }
+  // Nothing may leave a destructor: both are extras of the step, which is made whatever they do.
+  try {
+    // Only a shortcut for rebuilding: without it the record is replayed from the copy before.
+    if (ctx_.history.WantsCopy() && ctx_.record) ctx_.history.Copied(ctx_.record->GetIboData());
+    if (ctx_.afterChange) ctx_.afterChange();
+  } catch (...) {
   }
-  if (ctx_.afterChange) ctx_.afterChange();
 }
 
 std::string EditorContext::CaptionOf(const char* label) const {
