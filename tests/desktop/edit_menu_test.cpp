@@ -9,8 +9,11 @@
 #include <QtTest>
 
 #include "app/saved_versions_dialog.h"
+#include "app/stored_version_dialog.h"
 #include "binding/picture_view.h"
 #include "host_fixture.h"
+#include "products/product_list.h"
+#include "products/product_text.h"
 
 using namespace host_fixture;
 
@@ -112,7 +115,7 @@ class EditMenuTest : public QObject {
     host.window->findChild<QAction*>("actHistory")->trigger();
     // The newest kept version is the one with WIH Low.
     QCOMPARE(versionsListed, 2);
-    QVERIFY(differing.contains("WIH"));
+    QVERIFY(differing.contains("Will It Happen?"));
     QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
     QVERIFY(host.Qt<QRadioButton>("optWihLow")->isChecked());
     QVERIFY(host.window->isWindowModified());
@@ -120,6 +123,46 @@ class EditMenuTest : public QObject {
     QCOMPARE(Action(*host.window, "actUndo")->text(), QString("&Undo Restore Saved Version"));
     Action(*host.window, "actUndo")->trigger();
     QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihHigh);
+  }
+
+  void theComparisonSpeaksInTheEditorsWords() {
+    const auto yours = pelkor::CreateIboProperties();
+    const auto stored = pelkor::CreateIboProperties();
+    yours->Set("SEnvBudgetMatch", 2);
+    yours->Set("CloseTC", true);
+    yours->SetAt("CloseBarriers", 2, std::string("No budget"));
+    const auto lineOf = [](const char* product, const char* quantity, const char* price) {
+      pelkor::ProductLine line;
+      line.product = product;
+      line.quantity = pelkor::ParseAmount(quantity, "quantity");
+      line.unitPrice = pelkor::ParseAmount(price, "price");
+      return line;
+    };
+    pelkor::ProductList before;
+    before.lines = {lineOf("Pump", "2", "1150"), lineOf("Valve", "1", "10")};
+    pelkor::ProductList after;
+    after.lines = {lineOf("Pump", "3", "1150"), lineOf("Hose", "1", "5")};
+    const std::string kLines = pelkor::WriteProductText(before);
+    const std::string kOtherLines = pelkor::WriteProductText(after);
+    yours->Set("Products", std::string(kOtherLines));
+    stored->Set("Products", std::string(kLines));
+    QStringList lines;
+    for (const auto& difference : pelkor::desktop::DifferencesBetween(*yours, *stored)) {
+      lines << difference.property + " | " + difference.yours + " | " + difference.stored;
+    }
+    QVERIFY2(lines.contains("Trial Close? | Yes | No"), qPrintable(lines.join("\n")));
+    QVERIFY2(lines.contains("Barriers? (trial close 3) | No budget | "),
+             qPrintable(lines.join("\n")));
+    QVERIFY2(lines.contains("Products | Changed: Pump x 3.00 at 1,150.00, was Pump x 2.00 at "
+                            "1,150.00 | "),
+             qPrintable(lines.join("\n")));
+    QVERIFY2(lines.contains("Products | Removed: Valve x 1.00 at 10.00 | "),
+             qPrintable(lines.join("\n")));
+    QVERIFY2(lines.contains("Products | Added: Hose x 1.00 at 5.00 | "),
+             qPrintable(lines.join("\n")));
+    QVERIFY2(std::any_of(lines.begin(), lines.end(),
+                         [](const QString& line) { return line.startsWith("Budget match? | "); }),
+             qPrintable(lines.join("\n")));
   }
 };
 

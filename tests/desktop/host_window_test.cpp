@@ -211,8 +211,8 @@ class HostWindowTest : public QObject {
     // The answer and the company, and the priority that follows the answer; not the
     // editor's own bookkeeping.
     QCOMPARE(listed.section('\n', 1),
-             QString("UserPriority\t5\t2\nWIH\t0\t2\n"
-                     "ContactCompany\tHarbor Freight Logistics\tHarbor Freight West\n"));
+             QString("Your Priority\t5\t2\nWill It Happen?\tLow\tHigh\n"
+                     "Company\tHarbor Freight Logistics\tHarbor Freight West\n"));
 
     // Reopened: the stored version, unchanged, with its own answers.
     QVERIFY(!host.window->Component()->IboChanged());

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 
+#include "app/record_words.h"
 #include "contracts/names.h"
 #include "record/ibo_properties.h"
 #include "record/record_schema.h"
@@ -32,33 +33,45 @@ bool IsBookkeeping(const std::string& name) {
   return std::find(kBookkeeping.begin(), kBookkeeping.end(), name) != kBookkeeping.end();
 }
 
-QString Shown(const pelkedit::Variant& value) {
-  if (value.Type() == pelkedit::VariantType::kString) {
-    return QString::fromStdString(value.AsString());
-  }
-  return QString::fromStdString(value.ToDisplay());
-}
-
 }  // namespace
 
 std::vector<PropertyDifference> DifferencesBetween(pelkedit::IRecord& yours,
                                                    pelkedit::IRecord& stored) {
   std::vector<PropertyDifference> differences;
-  const auto compare = [&](const QString& name, const pelkedit::Variant& mine,
-                           const pelkedit::Variant& theirs) {
-    if (mine != theirs) differences.push_back({name, Shown(mine), Shown(theirs)});
+  const auto compare = [&](const std::string& name, std::optional<std::int32_t> slot,
+                           const pelkedit::Variant& mine, const pelkedit::Variant& theirs) {
+    if (mine == theirs) return;
+    differences.push_back(
+        {CaptionOf(name, slot), TextOf(name, mine, yours), TextOf(name, theirs, stored)});
   };
   for (const PropertyInfo& info : RecordSchema()) {
     // Derived properties follow from the others, which are compared.
     if (info.readOnly || IsBookkeeping(info.name)) continue;
-    const QString name = QString::fromStdString(info.name);
+    if (info.name == pelkedit::prop::Products) {
+      const std::string mine = yours.Get(info.name).AsString();
+      const std::string theirs = stored.Get(info.name).AsString();
+      if (mine == theirs) continue;
+      for (const QString& change : ProductChanges(theirs, mine)) {
+        differences.push_back({CaptionOf(info.name), change, QString()});
+      }
+      continue;
+    }
+    if (info.name == pelkedit::prop::TotalValueHundredths) {
+      // Shown with the whole units as one total.
+      if (yours.Get(info.name) != stored.Get(info.name) &&
+          yours.Get(pelkedit::prop::TotalValueUnits) ==
+              stored.Get(pelkedit::prop::TotalValueUnits)) {
+        compare(pelkedit::prop::TotalValueUnits, std::nullopt, yours.Get(info.name),
+                stored.Get(info.name));
+      }
+      continue;
+    }
     if (!info.indexed) {
-      compare(name, yours.Get(info.name), stored.Get(info.name));
+      compare(info.name, std::nullopt, yours.Get(info.name), stored.Get(info.name));
       continue;
     }
     for (std::int32_t slot = 0; slot < detail::kTrialCloseSlots; ++slot) {
-      compare(QString("%1[%2]").arg(name).arg(slot), yours.GetAt(info.name, slot),
-              stored.GetAt(info.name, slot));
+      compare(info.name, slot, yours.GetAt(info.name, slot), stored.GetAt(info.name, slot));
     }
   }
   return differences;

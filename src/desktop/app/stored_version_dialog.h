@@ -9,9 +9,12 @@
 
 namespace pelkor::desktop {
 
-// One property whose value in the editor differs from the stored record's.
+// One answer whose value in the editor differs from the stored record's, in the editor's
+// words: the question ("Will It Happen?", "Barriers? (trial close 3)") and the values as shown
+// ("High", a date in the user's format); a product list gives a line per product added,
+// removed or changed.
 struct PropertyDifference {
-  QString property;  // "ContactCompany", or "TrialCloseDate[3]" for a trial-close slot
+  QString property;
   QString yours;
   QString stored;
 };
