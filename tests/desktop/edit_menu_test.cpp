@@ -1,6 +1,7 @@
 // The Edit menu: Undo and Redo named after the step, their keys, and a text box's own typing
 // taken back first.
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -8,6 +9,7 @@
 #include <QTimer>
 #include <QtTest>
 
+#include "app/merge_dialog.h"
 #include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "binding/picture_view.h"
@@ -163,6 +165,57 @@ class EditMenuTest : public QObject {
     QVERIFY2(std::any_of(lines.begin(), lines.end(),
                          [](const QString& line) { return line.startsWith("Budget match? | "); }),
              qPrintable(lines.join("\n")));
+  }
+
+  // After a refused save, Merge gives the stored version with the user's changes, the user
+  // picking where both changed the same answer; the merged IBO then saves.
+  void aRefusedSaveIsMergedInsteadOfRetyped() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    auto* low = host.Qt<QRadioButton>("optWihLow");
+    QTest::mouseClick(low, Qt::LeftButton, {}, QPoint(8, low->height() / 2));
+    host.Rec().Set("ContactCompany", std::string("Harbor Mine"));
+    {
+      const auto store = pelkor::OpenIboStore(host.dbPath);
+      const auto theirs = host.Stored(kExpertIbo);
+      theirs->Set("ContactCompany", std::string("Harbor West"));
+      theirs->Set("IboNote", std::string("Called on Monday"));
+      const auto read = store->FindVersioned(pelkor::IboTable::kMain, kExpertIbo)->version;
+      store->Update(pelkor::IboTable::kMain, kExpertIbo, theirs->GetIboData(), read);
+    }
+    host.Qt<QPushButton>("cmdSave")->click();
+    QCOMPARE(host.messages.size(), std::size_t(1));
+
+    QStringList conflicts;
+    QTimer::singleShot(0, [&] {
+      auto* compare =
+          qobject_cast<pelkor::desktop::StoredVersionDialog*>(QApplication::activeModalWidget());
+      QVERIFY(compare != nullptr);
+      QTimer::singleShot(0, [&] {
+        auto* merge = host.window->findChild<pelkor::desktop::MergeDialog*>();
+        QVERIFY(merge != nullptr);
+        auto* table = merge->findChild<QTableWidget*>("tblConflicts");
+        for (int row = 0; row < table->rowCount(); ++row) {
+          conflicts << table->item(row, 0)->text() + " | " + table->item(row, 1)->text() + " | " +
+                           table->item(row, 2)->text();
+        }
+        merge->accept();  // keeps the user's answers, the first choice
+      });
+      compare->findChild<QPushButton*>("merge")->click();
+    });
+    host.window->CompareWithStored();
+    QCOMPARE(conflicts, QStringList{"Company | Harbor Mine | Harbor West"});
+    QCOMPARE(host.Rec().Get("ContactCompany").AsString(), std::string("Harbor Mine"));
+    QCOMPARE(host.Rec().Get("IboNote").AsString(), std::string("Called on Monday"));
+    QCOMPARE(host.Rec().Get("WIH").AsLong(), kWihLow);
+    QVERIFY(host.window->Component()->IboChanged());
+
+    host.Qt<QPushButton>("cmdSave")->click();
+    QTRY_VERIFY(!host.window->isVisible());
+    const auto saved = host.Stored(kExpertIbo);
+    QCOMPARE(saved->Get("ContactCompany").AsString(), std::string("Harbor Mine"));
+    QCOMPARE(saved->Get("IboNote").AsString(), std::string("Called on Monday"));
+    QCOMPARE(saved->Get("WIH").AsLong(), kWihLow);
   }
 };
 

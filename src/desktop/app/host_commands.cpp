@@ -4,9 +4,11 @@
 
 #include "app/host_help.h"
 
+#include "app/merge_dialog.h"
 #include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "record/ibo_properties.h"
+#include "record/record_merge.h"
 
 namespace pelkor::desktop {
 
@@ -64,8 +66,61 @@ void HostWindow::CompareWithStored() {
   if (!compared) return;
   StoredVersionDialog dialog(iboId_, std::move(differences), this);
   InstallHelpKey(dialog, platform_, help_topic::kComparison);
+  const int choice = dialog.exec();
   // The user chose to discard the changes: the component is replaced without asking again.
-  if (dialog.exec() == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
+  if (choice == StoredVersionDialog::kReopen) OpenIbo(iboId_, view_);
+  if (choice == StoredVersionDialog::kMerge) MergeWithStored();
+}
+
+void HostWindow::MergeWithStored() {
+  const IboTable table = TableForProcedure(pelkedit::RetrievalProcedureOf(view_));
+  const std::string read = component_->VersionRead();
+  std::optional<VersionedIbo> stored;
+  std::optional<SavedVersion> opened;
+  if (!HostCall([&] {
+        stored = environment_.Db()->FindVersioned(table, iboId_);
+        for (SavedVersion& version : environment_.Db()->History(table, iboId_)) {
+          if (std::to_string(version.version) == read) opened = std::move(version);
+        }
+      })) {
+    return;
+  }
+  if (!stored || !opened) {
+    platform_.MsgBox(tr("The version of IBO %1 you opened is no longer kept, so your changes "
+                        "cannot be merged. Copy the list of differences, reopen the stored "
+                        "version and make your changes there.")
+                         .arg(iboId_)
+                         .toStdString(),
+                     pelkedit::MsgIcon::kExclamation, pelkedit::MsgButtons::kOk,
+                     tr("Merge").toStdString());
+    return;
+  }
+  const auto base = CreateIboProperties();
+  const auto theirs = CreateIboProperties();
+  MergedRecord merged;
+  if (!HostCall([&] {
+        base->SetIboData(opened->data);
+        theirs->SetIboData(stored->data);
+        merged = MergeRecords(*base, *component_->Record(), *theirs);
+      })) {
+    return;
+  }
+  if (!merged.conflicts.empty()) {
+    MergeDialog dialog(merged.conflicts, *component_->Record(), *theirs, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const std::vector<bool> keepMine = dialog.KeepMine();
+    for (std::size_t i = 0; i < merged.conflicts.size(); ++i) {
+      if (keepMine[i]) TakeMine(*merged.record, *component_->Record(), merged.conflicts[i]);
+    }
+  }
+  const pelkedit::Blob result = merged.record->GetIboData();
+  const std::string version = std::to_string(stored->version);
+  if (!binder_) return;
+  // One step the user can undo; the save is then checked against the version merged with.
+  binder_->Run([&] {
+    component_->TakeRecord(result, "Merge with Stored Version");
+    component_->SaveOnVersion(version);
+  });
 }
 
 void HostWindow::ShowHistory() {

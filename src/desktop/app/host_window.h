@@ -66,6 +66,9 @@ class HostWindow : public QMainWindow, public pelkedit::IEditorEvents {
   // What differs between the editor and the stored record; the user may reopen the stored one.
   void CompareWithStored();
   void ShowHistory();
+  // After a refused save: the stored version with the user's changes merged in, as unsaved
+  // changes.
+  void MergeWithStored();
 
   void SetFormCaption(const std::string& caption) override;
   void SetIBOStatus(std::int32_t status) override;

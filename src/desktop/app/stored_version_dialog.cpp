@@ -88,8 +88,9 @@ StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
       differences_.empty()
           ? tr("Your IBO and the stored version hold the same values.")
           : tr("Someone else saved IBO %1 after you opened it. These values differ between "
-               "your unsaved changes and the stored version. Copy the list or note what you "
-               "need, then reopen the stored version and make your changes there.")
+               "your unsaved changes and the stored version. Merge takes the stored version "
+               "with your changes applied where the other person did not change the same "
+               "answer; where you both did, you pick.")
                 .arg(iboId),
       this);
   intro->setWordWrap(true);
@@ -117,6 +118,10 @@ StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
   QPushButton* reopen =
       buttons->addButton(tr("&Reopen Stored Version..."), QDialogButtonBox::DestructiveRole);
   reopen->setObjectName("reopen");
+  QPushButton* merge = buttons->addButton(tr("&Merge..."), QDialogButtonBox::ActionRole);
+  merge->setObjectName("merge");
+  merge->setEnabled(!differences_.empty());
+  connect(merge, &QPushButton::clicked, this, [this] { done(kMerge); });
   connect(copy, &QPushButton::clicked, this,
           [this] { QApplication::clipboard()->setText(AsText()); });
   connect(reopen, &QPushButton::clicked, this, &StoredVersionDialog::ConfirmReopen);

@@ -32,6 +32,8 @@ class StoredVersionDialog : public QDialog {
  public:
   // exec() returns this when the user chose to discard the editor's changes and reopen.
   static constexpr int kReopen = 2;
+  // ...and this when the user chose to merge their changes into the stored version.
+  static constexpr int kMerge = 3;
 
   StoredVersionDialog(std::int32_t iboId, std::vector<PropertyDifference> differences,
                       QWidget* parent = nullptr);

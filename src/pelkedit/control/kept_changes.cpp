@@ -28,9 +28,9 @@ IRowVersions* ChangeKeeping::Versions() const {
 }
 
 void ChangeKeeping::Loaded(std::int32_t iboId) {
-  if (!journal_) return;
   iboId_ = iboId;
   procName_ = RetrievalProcedureOf(ctx_.state.dbView);
+  if (!journal_) return;
   IRowVersions* versions = Versions();
   version_ = versions != nullptr ? versions->VersionRead(iboId, procName_) : std::string();
   std::optional<KeptChanges> kept;
@@ -45,6 +45,20 @@ void ChangeKeeping::Loaded(std::int32_t iboId) {
     return;
   }
   Restore(*kept);
+}
+
+std::string ChangeKeeping::VersionRead() const {
+  IRowVersions* versions = Versions();
+  if (versions == nullptr || !iboId_) return std::string();
+  return versions->VersionRead(*iboId_, procName_);
+}
+
+void ChangeKeeping::SaveOnVersion(const std::string& version) {
+  IRowVersions* versions = Versions();
+  if (versions == nullptr || !iboId_) return;
+  versions->ExpectVersion(*iboId_, procName_, version);
+  version_ = version;
+  Update();
 }
 
 void ChangeKeeping::Restore(const KeptChanges& kept) {

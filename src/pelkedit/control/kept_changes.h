@@ -26,6 +26,10 @@ class ChangeKeeping {
   void Loaded(std::int32_t iboId);
   // After anything that may have changed or saved the record.
   void Update();
+  // The stored row's version the record was read at, and a newer one the save is checked
+  // against from now on.
+  std::string VersionRead() const;
+  void SaveOnVersion(const std::string& version);
 
  private:
   void Restore(const KeptChanges& kept);

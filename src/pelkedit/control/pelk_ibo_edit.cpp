@@ -109,6 +109,14 @@ void PelkIboEdit::TakeRecord(const Blob& data, const std::string& step) {
   });
 }
 
+std::string PelkIboEdit::VersionRead() const {
+  return keeping_->VersionRead();
+}
+
+void PelkIboEdit::SaveOnVersion(const std::string& version) {
+  keeping_->SaveOnVersion(version);
+}
+
 void PelkIboEdit::Undo() {
   undo_->Undo();
 }

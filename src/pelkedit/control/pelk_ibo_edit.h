@@ -51,6 +51,12 @@ class PelkIboEdit {
   // unsaved changes to look at, undo or save (a save checked against the version read, as any).
   void TakeRecord(const Blob& data, const std::string& step);
 
+  // The version of the stored row the record was read at ("" when the data object cannot say),
+  // and a new one the next save is checked against: after a merge with the stored record, the
+  // version merged with.
+  std::string VersionRead() const;
+  void SaveOnVersion(const std::string& version);
+
   // The user's Undo and Redo (also of the desktop's Edit menu); with nothing to take back (or
   // apply again) they change nothing.
   void Undo();
