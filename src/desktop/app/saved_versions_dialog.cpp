@@ -69,7 +69,7 @@ SavedVersionsDialog::SavedVersionsDialog(std::int32_t iboId, std::vector<SavedVe
   list_->resizeColumnsToContents();
   layout->addWidget(list_, 1);
 
-  differences_ = Table({tr("Property"), tr("Open now"), tr("That version")}, this);
+  differences_ = Table({tr("Question"), tr("Open now"), tr("That version")}, this);
   differences_->setObjectName("tblVersionDifferences");
   layout->addWidget(differences_, 2);
 

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/host_window.h"
+#include "app/merge_dialog.h"
 #include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
 #include "contracts/names.h"
@@ -182,6 +183,16 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
                  component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
     versions.push_back({6, "2026-11-20 09:05:33", "asmith", earlier->GetIboData()});
     SavedVersionsDialog dialog(iboId, std::move(versions), *component.Record(), &window);
+    dialog.exec();
+  });
+  // The merge after a refused save, as if both had changed the company.
+  shootDialog("merge", [&] {
+    const auto theirs = CreateIboProperties();
+    theirs->SetIboData(component.Record()->GetIboData());
+    theirs->Set(pelkedit::prop::ContactCompany,
+                component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
+    MergeDialog dialog({{pelkedit::prop::ContactCompany, std::nullopt}}, *component.Record(),
+                       *theirs, &window);
     dialog.exec();
   });
   if (component.State().expertView) {

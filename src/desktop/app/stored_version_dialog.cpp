@@ -98,7 +98,7 @@ StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
 
   auto* table = new QTableWidget(static_cast<int>(differences_.size()), 3, this);
   table->setObjectName("differences");
-  table->setHorizontalHeaderLabels({tr("Property"), tr("Yours"), tr("Stored")});
+  table->setHorizontalHeaderLabels({tr("Question"), tr("Yours"), tr("Stored")});
   table->setEditTriggers(QAbstractItemView::NoEditTriggers);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->verticalHeader()->hide();
