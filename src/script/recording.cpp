@@ -68,7 +68,7 @@ void RecordingRecord::SetIboData(const Blob& data) {
 // --- data access and size helper ----------------------------------------------------------
 
 RecordingData::RecordingData(Recording recording, std::shared_ptr<pelkedit::IDataAccess> inner)
-    : rec_(recording), inner_(std::move(inner)) {}
+    : ForwardedRowVersions(inner), rec_(recording), inner_(std::move(inner)) {}
 
 Blob RecordingData::ReadIbo(std::int32_t iboId, const std::string& procName) {
   rec_.log.Add(Kind::kCalls,
@@ -81,18 +81,6 @@ void RecordingData::WriteIbo(const Blob& data, const std::string& procName) {
   rec_.log.Add(Kind::kCalls, "data.WriteIbo " + pelkedit::QuoteString(procName));
   rec_.faults.Check("data", "WriteIbo", pelkedit::kDataProgId);
   inner_->WriteIbo(data, procName);
-}
-
-std::string RecordingData::VersionRead(std::int32_t iboId, const std::string& procName) {
-  auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get());
-  return versions != nullptr ? versions->VersionRead(iboId, procName) : std::string();
-}
-
-void RecordingData::ExpectVersion(std::int32_t iboId, const std::string& procName,
-                                  const std::string& version) {
-  if (auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get())) {
-    versions->ExpectVersion(iboId, procName, version);
-  }
 }
 
 RecordingSize::RecordingSize(Recording recording, std::shared_ptr<pelkedit::ISizeHelper> inner)

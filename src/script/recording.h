@@ -40,14 +40,11 @@ class RecordingRecord : public pelkedit::IRecord {
 };
 
 // The row versions pass through unrecorded: they are the journal's bookkeeping.
-class RecordingData : public pelkedit::IDataAccess, public pelkedit::IRowVersions {
+class RecordingData : public pelkedit::IDataAccess, public pelkedit::ForwardedRowVersions {
  public:
   RecordingData(Recording recording, std::shared_ptr<pelkedit::IDataAccess> inner);
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override;
   void WriteIbo(const pelkedit::Blob& data, const std::string& procName) override;
-  std::string VersionRead(std::int32_t iboId, const std::string& procName) override;
-  void ExpectVersion(std::int32_t iboId, const std::string& procName,
-                     const std::string& version) override;
 
  private:
   Recording rec_;

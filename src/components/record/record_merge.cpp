@@ -12,19 +12,13 @@ namespace {
 
 namespace prop = pelkedit::prop;
 
-constexpr std::array kBookkeeping = {
-    prop::DirtyFlag,          prop::CleanFlag,       prop::ModifiedDate,
-    prop::AdvisorExtraResult, prop::AdvisorWih,      prop::AdvisorWwgi,
-    prop::AdvisorPriority,    prop::TotalValueUnits, prop::TotalValueHundredths};
+constexpr std::array kBookkeeping = {prop::DirtyFlag,  prop::ModifiedDate, prop::AdvisorExtraResult,
+                                     prop::AdvisorWih, prop::AdvisorWwgi,  prop::AdvisorPriority};
 
-bool Skipped(const PropertyInfo& info) {
-  return info.readOnly ||
-         std::find(kBookkeeping.begin(), kBookkeeping.end(), info.name) != kBookkeeping.end();
-}
-
-pelkedit::Variant ValueOf(pelkedit::IRecord& record, const MergeConflict& at) {
-  return at.slot ? record.GetAt(at.property, *at.slot) : record.Get(at.property);
-}
+// A merge also leaves the clean flag, which the editor writes too, and the product list's
+// total, which follows the list.
+constexpr std::array kFollowers = {prop::CleanFlag, prop::TotalValueUnits,
+                                   prop::TotalValueHundredths};
 
 void SetValue(pelkedit::IRecord& record, const MergeConflict& at, const pelkedit::Variant& value) {
   if (at.slot) {
@@ -42,12 +36,32 @@ void TakeTotalOf(pelkedit::IRecord& merged, pelkedit::IRecord& source) {
 
 }  // namespace
 
+bool IsEditorBookkeeping(const std::string& property) {
+  return std::find(kBookkeeping.begin(), kBookkeeping.end(), property) != kBookkeeping.end();
+}
+
+void ForEachAnswer(const std::function<void(const RecordValue&)>& each) {
+  for (const PropertyInfo& info : RecordSchema()) {
+    if (info.readOnly || IsEditorBookkeeping(info.name)) continue;
+    if (!info.indexed) {
+      each({info.name, std::nullopt});
+      continue;
+    }
+    for (std::int32_t slot = 0; slot < detail::kTrialCloseSlots; ++slot) each({info.name, slot});
+  }
+}
+
+pelkedit::Variant ValueOf(pelkedit::IRecord& record, const RecordValue& at) {
+  return at.slot ? record.GetAt(at.property, *at.slot) : record.Get(at.property);
+}
+
 MergedRecord MergeRecords(pelkedit::IRecord& base, pelkedit::IRecord& mine,
                           pelkedit::IRecord& theirs) {
   MergedRecord result{CreateIboProperties(), {}};
   pelkedit::IRecord& merged = *result.record;
   merged.SetIboData(theirs.GetIboData());
-  const auto merge = [&](const MergeConflict& at) {
+  ForEachAnswer([&](const MergeConflict& at) {
+    if (std::find(kFollowers.begin(), kFollowers.end(), at.property) != kFollowers.end()) return;
     const pelkedit::Variant original = ValueOf(base, at);
     const pelkedit::Variant yours = ValueOf(mine, at);
     const pelkedit::Variant stored = ValueOf(theirs, at);
@@ -58,15 +72,7 @@ MergedRecord MergeRecords(pelkedit::IRecord& base, pelkedit::IRecord& mine,
       return;
     }
     result.conflicts.push_back(at);
-  };
-  for (const PropertyInfo& info : RecordSchema()) {
-    if (Skipped(info)) continue;
-    if (!info.indexed) {
-      merge({info.name, std::nullopt});
-      continue;
-    }
-    for (std::int32_t slot = 0; slot < detail::kTrialCloseSlots; ++slot) merge({info.name, slot});
-  }
+  });
   return result;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,11 +11,23 @@
 
 namespace pelkor {
 
-// One answer both people changed, differently, since the version the user opened.
-struct MergeConflict {
+// One stored value of a record: a property, or one trial-close slot of an indexed property.
+struct RecordValue {
   std::string property;
-  std::optional<std::int32_t> slot;  // a trial-close slot of an indexed property
+  std::optional<std::int32_t> slot;
 };
+// One answer both people changed, differently, since the version the user opened.
+using MergeConflict = RecordValue;
+
+// Whether the editor writes the property by itself (the save bookkeeping, and the advisor's
+// results, which follow from the answers): comparisons and merges leave it out.
+bool IsEditorBookkeeping(const std::string& property);
+
+// Calls `each` for every value a person answers or types (not the derived properties nor the
+// editor's bookkeeping), in the record's order, each trial-close slot of the indexed ones.
+void ForEachAnswer(const std::function<void(const RecordValue&)>& each);
+
+pelkedit::Variant ValueOf(pelkedit::IRecord& record, const RecordValue& at);
 
 struct MergedRecord {
   std::shared_ptr<pelkedit::IRecord> record;

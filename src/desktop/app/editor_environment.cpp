@@ -25,11 +25,11 @@ constexpr const char* kTraceLogFileName = "pelkedit.log";
 
 // Counts the records written, so the host can tell whether closing saved the edits, and the
 // saves refused because someone else saved first, so it can offer to compare.
-class CountingDataAccess : public pelkedit::IDataAccess, public pelkedit::IRowVersions {
+class CountingDataAccess : public pelkedit::IDataAccess, public pelkedit::ForwardedRowVersions {
  public:
   CountingDataAccess(std::shared_ptr<pelkedit::IDataAccess> inner,
                      std::shared_ptr<EditorEnvironment::Counts> counts)
-      : inner_(std::move(inner)), counts_(std::move(counts)) {}
+      : ForwardedRowVersions(inner), inner_(std::move(inner)), counts_(std::move(counts)) {}
   pelkedit::Blob ReadIbo(std::int32_t iboId, const std::string& procName) override {
     return inner_->ReadIbo(iboId, procName);
   }
@@ -41,17 +41,6 @@ class CountingDataAccess : public pelkedit::IDataAccess, public pelkedit::IRowVe
       throw;
     }
     ++counts_->writes;
-  }
-
-  std::string VersionRead(std::int32_t iboId, const std::string& procName) override {
-    auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get());
-    return versions != nullptr ? versions->VersionRead(iboId, procName) : std::string();
-  }
-  void ExpectVersion(std::int32_t iboId, const std::string& procName,
-                     const std::string& version) override {
-    if (auto* versions = dynamic_cast<pelkedit::IRowVersions*>(inner_.get())) {
-      versions->ExpectVersion(iboId, procName, version);
-    }
   }
 
  private:

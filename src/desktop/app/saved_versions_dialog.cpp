@@ -98,15 +98,7 @@ void SavedVersionsDialog::ShowDifferences() {
   if (row < 0) return;
   const auto version = CreateIboProperties();
   version->SetIboData(versions_[static_cast<std::size_t>(row)].data);
-  const std::vector<PropertyDifference> found = DifferencesBetween(open_, *version);
-  differences_->setRowCount(static_cast<int>(found.size()));
-  for (int line = 0; line < differences_->rowCount(); ++line) {
-    const PropertyDifference& difference = found[static_cast<std::size_t>(line)];
-    differences_->setItem(line, 0, new QTableWidgetItem(difference.property));
-    differences_->setItem(line, 1, new QTableWidgetItem(difference.yours));
-    differences_->setItem(line, 2, new QTableWidgetItem(difference.stored));
-  }
-  differences_->resizeColumnsToContents();
+  ListDifferences(*differences_, DifferencesBetween(open_, *version));
 }
 
 }  // namespace pelkor::desktop

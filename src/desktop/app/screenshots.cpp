@@ -163,34 +163,33 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
   });
   // The comparison a refused save leads to, as if a colleague had changed the company and the
   // expected date meanwhile.
-  shootDialog("stored-version", [&] {
+  // The IBO open with a colleague's changes: a later expected date, and the company renamed.
+  const auto colleagues = [&](bool renamed) {
     const auto theirs = CreateIboProperties();
     theirs->SetIboData(component.Record()->GetIboData());
-    theirs->Set(pelkedit::prop::ContactCompany,
-                component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
     theirs->Set(pelkedit::prop::WwihDate, pelkedit::Date::FromCivil(2026, 12, 18));
+    if (renamed) {
+      theirs->Set(pelkedit::prop::ContactCompany,
+                  component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
+    }
+    return theirs;
+  };
+  shootDialog("stored-version", [&] {
+    const auto theirs = colleagues(true);
     StoredVersionDialog dialog(iboId, DifferencesBetween(*component.Record(), *theirs), &window);
     dialog.exec();
   });
   // The history, as if the IBO had been saved twice before with another company and date.
   shootDialog("history", [&] {
     std::vector<SavedVersion> versions;
-    const auto earlier = CreateIboProperties();
-    earlier->SetIboData(component.Record()->GetIboData());
-    earlier->Set(pelkedit::prop::WwihDate, pelkedit::Date::FromCivil(2026, 12, 18));
-    versions.push_back({7, "2026-11-23 16:42:10", "jdoe", earlier->GetIboData()});
-    earlier->Set(pelkedit::prop::ContactCompany,
-                 component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
-    versions.push_back({6, "2026-11-20 09:05:33", "asmith", earlier->GetIboData()});
+    versions.push_back({7, "2026-11-23 16:42:10", "jdoe", colleagues(false)->GetIboData()});
+    versions.push_back({6, "2026-11-20 09:05:33", "asmith", colleagues(true)->GetIboData()});
     SavedVersionsDialog dialog(iboId, std::move(versions), *component.Record(), &window);
     dialog.exec();
   });
   // The merge after a refused save, as if both had changed the company.
   shootDialog("merge", [&] {
-    const auto theirs = CreateIboProperties();
-    theirs->SetIboData(component.Record()->GetIboData());
-    theirs->Set(pelkedit::prop::ContactCompany,
-                component.Record()->Get(pelkedit::prop::ContactCompany).AsString() + " West");
+    const auto theirs = colleagues(true);
     MergeDialog dialog({{pelkedit::prop::ContactCompany, std::nullopt}}, *component.Record(),
                        *theirs, &window);
     dialog.exec();

@@ -15,7 +15,7 @@
 #include "app/record_words.h"
 #include "contracts/names.h"
 #include "record/ibo_properties.h"
-#include "record/record_schema.h"
+#include "record/record_merge.h"
 
 namespace pelkor::desktop {
 namespace {
@@ -23,57 +23,45 @@ namespace {
 constexpr int kDialogWidth = 620;
 constexpr int kDialogHeight = 420;
 
-// What the editor keeps up to date by itself: the save bookkeeping, and the advisor's results,
-// which follow from the answers compared.
-constexpr std::array kBookkeeping = {
-    pelkedit::prop::DirtyFlag,  pelkedit::prop::ModifiedDate, pelkedit::prop::AdvisorExtraResult,
-    pelkedit::prop::AdvisorWih, pelkedit::prop::AdvisorWwgi,  pelkedit::prop::AdvisorPriority};
-
-bool IsBookkeeping(const std::string& name) {
-  return std::find(kBookkeeping.begin(), kBookkeeping.end(), name) != kBookkeeping.end();
-}
-
 }  // namespace
+
+void ListDifferences(QTableWidget& table, const std::vector<PropertyDifference>& differences) {
+  table.setRowCount(static_cast<int>(differences.size()));
+  for (int row = 0; row < table.rowCount(); ++row) {
+    const PropertyDifference& difference = differences[static_cast<std::size_t>(row)];
+    table.setItem(row, 0, new QTableWidgetItem(difference.property));
+    table.setItem(row, 1, new QTableWidgetItem(difference.yours));
+    table.setItem(row, 2, new QTableWidgetItem(difference.stored));
+  }
+  table.resizeColumnsToContents();
+}
 
 std::vector<PropertyDifference> DifferencesBetween(pelkedit::IRecord& yours,
                                                    pelkedit::IRecord& stored) {
+  namespace prop = pelkedit::prop;
   std::vector<PropertyDifference> differences;
-  const auto compare = [&](const std::string& name, std::optional<std::int32_t> slot,
-                           const pelkedit::Variant& mine, const pelkedit::Variant& theirs) {
-    if (mine == theirs) return;
-    differences.push_back(
-        {CaptionOf(name, slot), TextOf(name, mine, yours), TextOf(name, theirs, stored)});
-  };
-  for (const PropertyInfo& info : RecordSchema()) {
-    // Derived properties follow from the others, which are compared.
-    if (info.readOnly || IsBookkeeping(info.name)) continue;
-    if (info.name == pelkedit::prop::Products) {
-      const std::string mine = yours.Get(info.name).AsString();
-      const std::string theirs = stored.Get(info.name).AsString();
-      if (mine == theirs) continue;
+  ForEachAnswer([&](const RecordValue& at) {
+    const std::string& name = at.property;
+    if (name == prop::Products) {
+      const std::string mine = yours.Get(name).AsString();
+      const std::string theirs = stored.Get(name).AsString();
+      if (mine == theirs) return;
       for (const QString& change : ProductChanges(theirs, mine)) {
-        differences.push_back({CaptionOf(info.name), change, QString()});
+        differences.push_back({CaptionOf(name), change, QString()});
       }
-      continue;
+      return;
     }
-    if (info.name == pelkedit::prop::TotalValueHundredths) {
-      // Shown with the whole units as one total.
-      if (yours.Get(info.name) != stored.Get(info.name) &&
-          yours.Get(pelkedit::prop::TotalValueUnits) ==
-              stored.Get(pelkedit::prop::TotalValueUnits)) {
-        compare(pelkedit::prop::TotalValueUnits, std::nullopt, yours.Get(info.name),
-                stored.Get(info.name));
-      }
-      continue;
-    }
-    if (!info.indexed) {
-      compare(info.name, std::nullopt, yours.Get(info.name), stored.Get(info.name));
-      continue;
-    }
-    for (std::int32_t slot = 0; slot < detail::kTrialCloseSlots; ++slot) {
-      compare(info.name, slot, yours.GetAt(info.name, slot), stored.GetAt(info.name, slot));
-    }
-  }
+    // The total is one value kept in two properties: shown once, with the whole units.
+    if (name == prop::TotalValueHundredths) return;
+    const pelkedit::Variant mine = ValueOf(yours, at);
+    const pelkedit::Variant theirs = ValueOf(stored, at);
+    const bool differs = mine != theirs || (name == prop::TotalValueUnits &&
+                                            yours.Get(prop::TotalValueHundredths) !=
+                                                stored.Get(prop::TotalValueHundredths));
+    if (!differs) return;
+    differences.push_back(
+        {CaptionOf(name, at.slot), TextOf(name, mine, yours), TextOf(name, theirs, stored)});
+  });
   return differences;
 }
 
@@ -103,13 +91,7 @@ StoredVersionDialog::StoredVersionDialog(std::int32_t iboId,
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->verticalHeader()->hide();
   table->horizontalHeader()->setStretchLastSection(true);
-  for (int row = 0; row < static_cast<int>(differences_.size()); ++row) {
-    const PropertyDifference& difference = differences_[static_cast<std::size_t>(row)];
-    table->setItem(row, 0, new QTableWidgetItem(difference.property));
-    table->setItem(row, 1, new QTableWidgetItem(difference.yours));
-    table->setItem(row, 2, new QTableWidgetItem(difference.stored));
-  }
-  table->resizeColumnsToContents();
+  ListDifferences(*table, differences_);
   layout->addWidget(table);
 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);

@@ -7,6 +7,8 @@
 
 #include "contracts/record.h"
 
+class QTableWidget;
+
 namespace pelkor::desktop {
 
 // One answer whose value in the editor differs from the stored record's, in the editor's
@@ -24,6 +26,9 @@ struct PropertyDifference {
 // date, the advisor's results) is left out.
 std::vector<PropertyDifference> DifferencesBetween(pelkedit::IRecord& yours,
                                                    pelkedit::IRecord& stored);
+
+// Fills a three-column table (question, one side, the other) with the differences.
+void ListDifferences(QTableWidget& table, const std::vector<PropertyDifference>& differences);
 
 // After a save was refused because someone else saved the IBO: what differs between the
 // editor and the stored version, to copy or note before reopening the newer record.

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "contracts/record.h"
 
@@ -34,6 +36,27 @@ class IRowVersions {
   virtual std::string VersionRead(std::int32_t iboId, const std::string& procName) = 0;
   virtual void ExpectVersion(std::int32_t iboId, const std::string& procName,
                              const std::string& version) = 0;
+};
+
+// For objects that wrap a data-access object: the row versions of the one wrapped, when it
+// offers them ("" and nothing done when it does not).
+class ForwardedRowVersions : public IRowVersions {
+ public:
+  explicit ForwardedRowVersions(std::shared_ptr<IDataAccess> wrapped)
+      : wrapped_(std::move(wrapped)) {}
+  std::string VersionRead(std::int32_t iboId, const std::string& procName) override {
+    auto* versions = dynamic_cast<IRowVersions*>(wrapped_.get());
+    return versions != nullptr ? versions->VersionRead(iboId, procName) : std::string();
+  }
+  void ExpectVersion(std::int32_t iboId, const std::string& procName,
+                     const std::string& version) override {
+    if (auto* versions = dynamic_cast<IRowVersions*>(wrapped_.get())) {
+      versions->ExpectVersion(iboId, procName, version);
+    }
+  }
+
+ private:
+  std::shared_ptr<IDataAccess> wrapped_;
 };
 
 }  // namespace pelkedit

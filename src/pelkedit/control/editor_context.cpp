@@ -45,10 +45,7 @@ bool EditorContext::Skipped(unsigned guards) const {
 EditorContext::StepScope::StepScope(EditorContext& ctx, const std::string& name)
     : ctx_(ctx), opened_(ctx.hostCalls_ == 0) {
   if (!opened_) return;
-  const TabPlace place{ctx.state.mainTab, ctx.state.mainTab == tab::kSalesEnvironment
-                                              ? ctx.state.sEnvTab
-                                              : tab::kNoPhase};
-  ctx.history.Open(name, place);
+  ctx.history.Open(name, ctx.CurrentPlace());
 }
 
 EditorContext::StepScope::~StepScope() {
@@ -62,6 +59,10 @@ EditorContext::StepScope::~StepScope() {
     if (ctx_.afterChange) ctx_.afterChange();
   } catch (...) {
   }
+}
+
+TabPlace EditorContext::CurrentPlace() const {
+  return {state.mainTab, state.mainTab == tab::kSalesEnvironment ? state.sEnvTab : tab::kNoPhase};
 }
 
 std::string EditorContext::CaptionOf(const char* label) const {

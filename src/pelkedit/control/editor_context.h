@@ -98,6 +98,8 @@ class EditorContext {
     const StepScope scope(*this, name);
     changes();
   }
+  // Where the user is: the main tab, and on the Sales Environment its phase.
+  TabPlace CurrentPlace() const;
   // The caption of a question's label, as a step is named after it.
   std::string CaptionOf(const char* label) const;
   // Runs a call of the host: what it writes is no step of the user's.

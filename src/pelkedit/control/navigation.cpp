@@ -118,9 +118,8 @@ void Navigation::PicSEnvTabMouseDown(float x) {
 }
 
 void Navigation::CollectCurrentTab(CollectReason reason) {
-  const std::int32_t phase =
-      ctx_.state.mainTab == tab::kSalesEnvironment ? ctx_.state.sEnvTab : tab::kNoPhase;
-  ctx_.ForPagesOn(ctx_.state.mainTab, phase, [&](TabPage& page) { page.Collect(reason); });
+  const TabPlace place = ctx_.CurrentPlace();
+  ctx_.ForPagesOn(place.mainTab, place.phase, [&](TabPage& page) { page.Collect(reason); });
 }
 
 void Navigation::ShowPlace(const TabPlace& place) {

@@ -101,9 +101,7 @@ void PelkIboEdit::SetJournal(std::shared_ptr<IChangeJournal> journal) {
 void PelkIboEdit::TakeRecord(const Blob& data, const std::string& step) {
   EditorContext& ctx = *ctx_;
   RunMethod(EditorContext::Proc("TakeRecord"), [&] {
-    const TabPlace place{ctx.state.mainTab, ctx.state.mainTab == tab::kSalesEnvironment
-                                                ? ctx.state.sEnvTab
-                                                : tab::kNoPhase};
+    const TabPlace place = ctx.CurrentPlace();
     ctx.EditRecord({step, kNotWhileLoading}, [&] { ctx.Rec().SetIboData(data); });
     undo_->ShowRebuilt(place);
   });

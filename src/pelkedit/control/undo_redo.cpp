@@ -17,23 +17,21 @@ void UndoRedo::EndTyping() {
 }
 
 void UndoRedo::Undo() {
-  RunMethod(EditorContext::Proc("Undo"), [&] {
-    EndTyping();
-    const EditStep* step = ctx_.history.NextUndo();
-    if (step == nullptr) return;
-    const TabPlace place = step->place;
-    ctx_.history.StepBack();
-    ShowRebuilt(place);
-  });
+  Move("Undo", &EditHistory::NextUndo, &EditHistory::StepBack);
 }
 
 void UndoRedo::Redo() {
-  RunMethod(EditorContext::Proc("Redo"), [&] {
+  Move("Redo", &EditHistory::NextRedo, &EditHistory::StepForward);
+}
+
+void UndoRedo::Move(const char* procedure, const EditStep* (EditHistory::*next)() const,
+                    void (EditHistory::*step)()) {
+  RunMethod(EditorContext::Proc(procedure), [&] {
     EndTyping();
-    const EditStep* step = ctx_.history.NextRedo();
-    if (step == nullptr) return;
-    const TabPlace place = step->place;
-    ctx_.history.StepForward();
+    const EditStep* over = (ctx_.history.*next)();
+    if (over == nullptr) return;
+    const TabPlace place = over->place;
+    (ctx_.history.*step)();
     ShowRebuilt(place);
   });
 }

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "control/edit_history.h"
 #include "control/tab_strips.h"
 
 namespace pelkedit {
@@ -26,6 +27,9 @@ class UndoRedo {
  private:
   // Typing not yet committed in the focused box becomes a step first, as its lost focus would.
   void EndTyping();
+  // Moves over the next step one way (`next` finds it, `step` moves) and shows the result.
+  void Move(const char* procedure, const EditStep* (EditHistory::*next)() const,
+            void (EditHistory::*step)());
 
   EditorContext& ctx_;
 };
