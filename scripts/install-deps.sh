@@ -7,6 +7,7 @@ packages=(
   libsqlite3-dev libsqlitecpp-dev libcli11-dev nlohmann-json3-dev
   libmuparser-dev libinih-dev libcsv-dev pkg-config libpqxx-dev postgresql
   qt6-base-dev xvfb xauth
+  dpkg-dev desktop-file-utils
   clang libclang-rt-14-dev
 )
 missing=()

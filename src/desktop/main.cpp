@@ -16,6 +16,7 @@
 #include "app/host_window.h"
 #include "app/screenshots.h"
 #include "app/window_placement.h"
+#include "config/install_layout.h"
 #include "data/demo_seed.h"
 #include "pipeline/pipeline_screenshots.h"
 #include "pipeline/pipeline_window.h"
@@ -158,7 +159,9 @@ int Run(const Options& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App cli{"Edits one IBO of a Pelkor database in a desktop window."};
+  CLI::App cli{"Shows the pipeline of a Pelkor database and edits its deals."};
+  cli.set_version_flag("--version", std::string("pelkor-edit " PELK_VERSION " (") +
+                                        pelkor::DescribeDataPlaces() + ")");
   // Qt's own options (-platform, -style, ...) pass through to the application.
   cli.allow_extras();
   Options options;

@@ -3,6 +3,7 @@
 #include <ini.h>
 
 #include "config/ini_lines.h"
+#include "config/install_layout.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -227,12 +228,7 @@ std::string DefaultRuleFile() {
       chosen != nullptr && *chosen != '\0') {
     return chosen;
   }
-  for (const char* folder : {PELK_INSTALLED_DATA_DIR, PELK_SOURCE_DATA_DIR}) {
-    const std::filesystem::path file = std::filesystem::path(folder) / kRuleFileName;
-    std::error_code error;
-    if (std::filesystem::exists(file, error)) return file.string();
-  }
-  return (std::filesystem::path(PELK_SOURCE_DATA_DIR) / kRuleFileName).string();
+  return (FindDataPlaces().dataFolder / kRuleFileName).string();
 }
 
 }  // namespace pelkor

@@ -4,8 +4,10 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 
 #include "config/ini_lines.h"
+#include "config/install_layout.h"
 #include "values/error.h"
 
 namespace pelkor {
@@ -39,9 +41,20 @@ std::string SystemFile() {
       chosen != nullptr && *chosen != '\0') {
     return chosen;
   }
-  std::error_code error;
-  if (std::filesystem::exists(PELK_INSTALLED_CONFIG, error)) return PELK_INSTALLED_CONFIG;
-  return PELK_BUILD_CONFIG;
+  return FindDataPlaces().systemConfig.string();
+}
+
+// A folder setting written relative ("../../usr/share/pelkor/help") is read from the settings
+// file's own folder, so that an installed tree works wherever it was unpacked.
+constexpr std::string_view kFolderKeySuffix = "Path";
+
+void ResolveFolders(const std::string& file, std::map<std::string, std::string>& values) {
+  for (auto& [key, value] : values) {
+    if (!key.ends_with(kFolderKeySuffix) || value.empty()) continue;
+    const std::filesystem::path folder(value);
+    if (folder.is_absolute()) continue;
+    value = (std::filesystem::path(file).parent_path() / folder).lexically_normal().string();
+  }
 }
 
 }  // namespace
@@ -60,9 +73,12 @@ IniConfig::IniConfig(std::vector<std::string> files) : files_(std::move(files)) 
       refuse("is not a valid INI file (line " + std::to_string(lines->firstTooLong) +
              " is longer than " + std::to_string(kLongestIniLine) + " characters)");
     }
-    const int result = ini_parse(file.c_str(), Take, &values_);
+    std::map<std::string, std::string> values;
+    const int result = ini_parse(file.c_str(), Take, &values);
     if (result < 0) refuse("cannot be read");
     if (result > 0) refuse("is not a valid INI file (line " + std::to_string(result) + ")");
+    ResolveFolders(file, values);
+    for (auto& [key, value] : values) values_[key] = std::move(value);
     read_.push_back(file);
   }
 }

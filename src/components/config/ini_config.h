@@ -11,7 +11,7 @@ namespace pelkor {
 
 // Settings read from INI files, later files overriding earlier ones (the system's, then the
 // user's). Files that do not exist are skipped; one that cannot be read is an error naming the
-// file and the line.
+// file and the line. A relative value of a key ending in "Path" is a folder relative to the file.
 class IniConfig : public pelkedit::IConfig {
  public:
   explicit IniConfig(std::vector<std::string> files);
@@ -24,8 +24,9 @@ class IniConfig : public pelkedit::IConfig {
   std::map<std::string, std::string> values_;
 };
 
-// The system-wide settings file ($PELKOR_SYSTEM_CONFIG, else the installed one, else the build
-// tree's) and the user's ($XDG_CONFIG_HOME or ~/.config, then pelkor/pelkor.ini).
+// The system-wide settings file ($PELKOR_SYSTEM_CONFIG, else the one beside the installed
+// programs, else the build tree's) and the user's ($XDG_CONFIG_HOME or ~/.config, then
+// pelkor/pelkor.ini).
 std::vector<std::string> ConfigFiles();
 
 // A configuration over ConfigFiles(), read now.

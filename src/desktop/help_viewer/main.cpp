@@ -6,6 +6,8 @@
 #include <QLocalSocket>
 #include <QMessageBox>
 #include <QTextStream>
+#include <cstdio>
+#include <cstring>
 
 #include "help_viewer/help_channel.h"
 #include "help_viewer/help_request.h"
@@ -49,15 +51,31 @@ void Serve(QLocalSocket* socket, pelkor::help::HelpWindow& window) {
   }
 }
 
+constexpr const char* kUsage =
+    "usage: pelkor-help -WINDOW -#mapid N FILE\n"
+    "Shows topic N of the help FILE in the window named WINDOW, reusing it when it is open.\n";
+
+// Asked before the application starts, so that it needs no display.
+bool AsksForHelp(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (AsksForHelp(argc, argv)) {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
   QApplication application(argc, argv);
   QApplication::setApplicationName("pelkor-help");
   QApplication::setApplicationDisplayName("Pelkor Help");
   const auto request = pelkor::help::ParseRequest(QApplication::arguments().mid(1));
   if (!request) {
-    QTextStream(stderr) << "usage: pelkor-help -WINDOW -#mapid N FILE\n";
+    QTextStream(stderr) << kUsage;
     return 2;
   }
   const auto serverPath = pelkor::help::HelpServerPath(request->window);

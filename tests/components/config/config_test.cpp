@@ -51,6 +51,20 @@ TEST(IniConfig, TheUsersValueWinsAndAMissingKeyNamesTheFilesRead) {
               AllOf(HasSubstr("\"Language\""), HasSubstr("system.ini"), HasSubstr("user.ini")));
 }
 
+TEST(IniConfig, ARelativeFolderIsReadFromItsFilesFolder) {
+  // An installed tree unpacked anywhere: its settings name the help beside it.
+  const Files files;
+  std::filesystem::create_directories(files.folder / "etc" / "pelkor");
+  const std::string system = files.Write(
+      "etc/pelkor/pelkor.ini",
+      "[Pelkor]\nInstallPath = ../../usr/share/pelkor/help\nPLKHelpName = ../help.html\n");
+  IniConfig config({system});
+  EXPECT_EQ(config.GetValue("InstallPath"),
+            (files.folder / "usr" / "share" / "pelkor" / "help").string());
+  // Only folders are: a file's name stays as written.
+  EXPECT_EQ(config.GetValue("PLKHelpName"), "../help.html");
+}
+
 TEST(IniConfig, AFileThatIsNotIniSaysWhereItBreaks) {
   const Files files;
   const std::string broken =
