@@ -5,6 +5,7 @@
 #include "advisor/advisor_names.h"
 #include "advisor/rule_engine.h"
 #include "advisor/rule_file.h"
+#include "contracts/names.h"
 #include "data/ibo_store.h"
 #include "record/ibo_properties.h"
 #include "session.h"
@@ -147,8 +148,8 @@ void Session::Ibo(const Words& w) {
       }
     });
   };
-  set({"IboId", -1, id});
-  if (!numberGiven) set({"IboNumber", -1, id});
+  set({pelkedit::prop::IboId, -1, id});
+  if (!numberGiven) set({pelkedit::prop::IboNumber, -1, id});
   for (const auto& a : assignments) set(a);
   AsScriptError("ibo " + std::to_string(id) + " cannot be stored",
                 [&] { world_.Db()->Write(pelkor::TableForProcedure(proc), record->GetIboData()); });

@@ -1,5 +1,7 @@
 #include "advisor/rule_engine.h"
 
+#include "contracts/names.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -12,6 +14,7 @@ namespace pelkor {
 namespace {
 
 using pelkedit::Variant;
+namespace fact = pelkedit::fact;
 using pelkedit::VariantType;
 
 constexpr const char* kLineBreak = "\r\n";
@@ -146,14 +149,14 @@ void RuleEngine::LoadFacts() {
     if (entry.kind != AdvisorNameKind::kFact || entry.type == VariantType::kDate) continue;
     values[std::string(entry.name)] = NumberOf(facts_[i]);
   }
-  const int status = FactOf(facts_, "Status").AsLong();
-  const CyclePlace place = PlaceInCycle(status, FactOf(facts_, "StartDate").AsDate(),
-                                        FactOf(facts_, "WwihDate").AsDate(),
-                                        FactOf(facts_, "CloseDate").AsDate(), today_());
+  const int status = FactOf(facts_, fact::Status).AsLong();
+  const CyclePlace place = PlaceInCycle(status, FactOf(facts_, fact::StartDate).AsDate(),
+                                        FactOf(facts_, fact::WwihDate).AsDate(),
+                                        FactOf(facts_, fact::CloseDate).AsDate(), today_());
   for (const auto& [name, value] : PlaceValues(place, status)) values[name] = value;
-  results_["SalesCyclePosition"] = place.position;
-  results_["SalesCycleLine1"] = place.line1;
-  results_["SalesCycleLine2"] = place.line2;
+  results_[fact::SalesCyclePosition] = place.position;
+  results_[fact::SalesCycleLine1] = place.line1;
+  results_[fact::SalesCycleLine2] = place.line2;
 }
 
 void RuleEngine::Evaluate() {
@@ -171,12 +174,12 @@ void RuleEngine::WorkOutResults() {
   const auto priority = [&](int row, int column) {
     return rules.priority[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   };
-  results_["AdvisorWih"] = std::int32_t{wih};
-  results_["AdvisorWwgi"] = std::int32_t{wwgi};
-  results_["AdvisorExtraResult"] = std::int32_t{Clamp(values[kRatingScore], kHighestScore)};
-  results_["UserPriority"] = std::int32_t{
-      priority(Clamp(values["WIH"], kHighestRating), Clamp(values["WWGI"], kHighestRating))};
-  results_["AdvisorPriority"] =
+  results_[fact::AdvisorWih] = std::int32_t{wih};
+  results_[fact::AdvisorWwgi] = std::int32_t{wwgi};
+  results_[fact::AdvisorExtraResult] = std::int32_t{Clamp(values[kRatingScore], kHighestScore)};
+  results_[fact::UserPriority] = std::int32_t{priority(Clamp(values[fact::WIH], kHighestRating),
+                                                       Clamp(values[fact::WWGI], kHighestRating))};
+  results_[fact::AdvisorPriority] =
       std::int32_t{values["open"] != 0 ? priority(wih, wwgi) : rules.closedPriority};
 }
 
@@ -184,13 +187,13 @@ void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
   const RuleSet& rules = program_->Rules();
   std::map<std::string, double>& values = program_->Values();
   const std::string verdict = rules.Verdict(
-      VerdictKey(static_cast<int>(values["Status"]), results_["AdvisorPriority"].AsLong()));
-  results_["ExpertAdviceTitle"] = verdict;
-  results_["BasicAdviceTitle"] = verdict;
+      VerdictKey(static_cast<int>(values[fact::Status]), results_[fact::AdvisorPriority].AsLong()));
+  results_[fact::ExpertAdviceTitle] = verdict;
+  results_[fact::BasicAdviceTitle] = verdict;
   // A closed deal has its verdict and nothing left to do.
   if (values["open"] == 0) {
-    for (const char* text :
-         {"ExpertAdviceAlert", "ExpertAdviceHeading", "ExpertAdviceBody", "BasicAdviceBody"}) {
+    for (const char* text : {fact::ExpertAdviceAlert, fact::ExpertAdviceHeading,
+                             fact::ExpertAdviceBody, fact::BasicAdviceBody}) {
       results_[text] = std::string();
     }
     return;
@@ -211,16 +214,16 @@ void RuleEngine::ComposeAdvice(const std::vector<bool>& holds) {
       actions.push_back("*" + rule->text);
     if (rule->kind == RuleKind::kBasic) basic.push_back(rule->text);
   }
-  results_["ExpertAdviceAlert"] = alert;
+  results_[fact::ExpertAdviceAlert] = alert;
   if (actions.empty()) {
-    results_["ExpertAdviceHeading"] = rules.Text("heading_none");
-    results_["ExpertAdviceBody"] = rules.Text("body_none");
+    results_[fact::ExpertAdviceHeading] = rules.Text("heading_none");
+    results_[fact::ExpertAdviceBody] = rules.Text("body_none");
   } else {
     actions.insert(actions.begin(), rules.Text("body_first"));
-    results_["ExpertAdviceHeading"] = rules.Text("heading");
-    results_["ExpertAdviceBody"] = Join(actions);
+    results_[fact::ExpertAdviceHeading] = rules.Text("heading");
+    results_[fact::ExpertAdviceBody] = Join(actions);
   }
-  results_["BasicAdviceBody"] = basic.empty() ? rules.Text("body_none") : Join(basic);
+  results_[fact::BasicAdviceBody] = basic.empty() ? rules.Text("body_none") : Join(basic);
 }
 
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today) {

@@ -1,5 +1,7 @@
 #include "data/demo_seed.h"
 
+#include "contracts/names.h"
+
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -16,6 +18,7 @@ namespace {
 using demo::DecisionMaker;
 using demo::Opportunity;
 using pelkedit::IRecord;
+namespace prop = pelkedit::prop;
 
 // Day 1460: the record's way of saying "no date".
 constexpr std::int32_t kNoDateDay = 1460;
@@ -33,34 +36,52 @@ pelkedit::Date DateOf(const char* text) {
   return *date;
 }
 
-void SetDecisionMaker(IRecord& record, const std::string& role, const DecisionMaker& dm) {
-  const std::string prefix = "Dm" + role;
-  record.Set(prefix + "Name", dm.name);
-  record.Set(prefix + "Known", dm.name[0] != '\0');
-  record.Set(prefix + "Influence", dm.influence);
-  record.Set(prefix + "Important", dm.important);
-  record.Set(prefix + "Relationship", dm.relationship);
-  record.Set(prefix + "DOP", dm.proof);
+// A decision maker's answers, one property each.
+struct RoleProperties {
+  const char* name;
+  const char* known;
+  const char* influence;
+  const char* important;
+  const char* relationship;
+  const char* proof;
+};
+constexpr RoleProperties kEconomic{prop::DmEconName,         prop::DmEconKnown,
+                                   prop::DmEconInfluence,    prop::DmEconImportant,
+                                   prop::DmEconRelationship, prop::DmEconDOP};
+constexpr RoleProperties kTechnical{prop::DmTechName,         prop::DmTechKnown,
+                                    prop::DmTechInfluence,    prop::DmTechImportant,
+                                    prop::DmTechRelationship, prop::DmTechDOP};
+constexpr RoleProperties kUser{prop::DmUserName,         prop::DmUserKnown,
+                               prop::DmUserInfluence,    prop::DmUserImportant,
+                               prop::DmUserRelationship, prop::DmUserDOP};
+
+void SetDecisionMaker(IRecord& record, const RoleProperties& role, const DecisionMaker& dm) {
+  record.Set(role.name, dm.name);
+  record.Set(role.known, dm.name[0] != '\0');
+  record.Set(role.influence, dm.influence);
+  record.Set(role.important, dm.important);
+  record.Set(role.relationship, dm.relationship);
+  record.Set(role.proof, dm.proof);
 }
 
 void SetAnswers(IRecord& record, const Opportunity& o) {
-  record.Set("WIH", o.wih);
-  record.Set("WWGI", o.wwgi);
-  record.Set("AdvisorWih", o.wih);
-  record.Set("AdvisorWwgi", o.wwgi);
-  record.Set("UserPriority", o.userPriority);
-  record.Set("AdvisorPriority", o.advisorPriority);
-  record.Set("SEnvLevelNeed", o.levelNeed);
-  record.Set("SEnvSolMatch", o.solutionMatch);
-  record.Set("SEnvCustomerNeed", o.urgency);
-  record.Set("SEnvBudgetMatch", o.budgetMatch);
-  record.Set("SEnvFunding", o.funding);
-  record.Set("SEnvFamOrg", o.familiarity);
-  record.Set("SEnvCompPressure", o.compPressure);
-  SetDecisionMaker(record, "Econ", o.econ);
-  SetDecisionMaker(record, "Tech", o.tech);
-  SetDecisionMaker(record, "User", o.user);
-  record.Set("Competitors", o.competitors);
+  record.Set(prop::WIH, o.wih);
+  record.Set(prop::WWGI, o.wwgi);
+  record.Set(prop::AdvisorWih, o.wih);
+  record.Set(prop::AdvisorWwgi, o.wwgi);
+  record.Set(prop::UserPriority, o.userPriority);
+  record.Set(prop::AdvisorPriority, o.advisorPriority);
+  record.Set(prop::SEnvLevelNeed, o.levelNeed);
+  record.Set(prop::SEnvSolMatch, o.solutionMatch);
+  record.Set(prop::SEnvCustomerNeed, o.urgency);
+  record.Set(prop::SEnvBudgetMatch, o.budgetMatch);
+  record.Set(prop::SEnvFunding, o.funding);
+  record.Set(prop::SEnvFamOrg, o.familiarity);
+  record.Set(prop::SEnvCompPressure, o.compPressure);
+  SetDecisionMaker(record, kEconomic, o.econ);
+  SetDecisionMaker(record, kTechnical, o.tech);
+  SetDecisionMaker(record, kUser, o.user);
+  record.Set(prop::Competitors, o.competitors);
 }
 
 // Enacted trial closes fill the ring from `ringFirst` on, wrapping after slot 9; the one
@@ -68,36 +89,36 @@ void SetAnswers(IRecord& record, const Opportunity& o) {
 void SetTrialCloses(IRecord& record, const Opportunity& o) {
   std::int32_t slot = o.ringFirst;
   for (const demo::TrialClose& close : o.history) {
-    record.SetAt("TrialCloseDate", slot, DateOf(close.enacted));
-    record.SetAt("CloseBarriers", slot, close.barriers);
-    record.SetAt("CloseStrategy", slot, close.strategy);
+    record.SetAt(prop::TrialCloseDate, slot, DateOf(close.enacted));
+    record.SetAt(prop::CloseBarriers, slot, close.barriers);
+    record.SetAt(prop::CloseStrategy, slot, close.strategy);
     slot = (slot + 1) % kTrialCloseSlots;
   }
-  record.SetAt("CloseBarriers", slot, o.current.barriers);
-  record.SetAt("CloseStrategy", slot, o.current.strategy);
-  record.Set("TrialCloseFirst", o.ringFirst);
-  record.Set("TrialCloseCurrent", slot);
-  record.Set("CloseTC", o.trialClose);
-  record.Set("CloseDecided", o.decided);
-  record.Set("CloseResult", o.result);
-  record.Set("CloseReason", o.reason);
-  record.Set("CloseWinBidder", o.winBidder);
+  record.SetAt(prop::CloseBarriers, slot, o.current.barriers);
+  record.SetAt(prop::CloseStrategy, slot, o.current.strategy);
+  record.Set(prop::TrialCloseFirst, o.ringFirst);
+  record.Set(prop::TrialCloseCurrent, slot);
+  record.Set(prop::CloseTC, o.trialClose);
+  record.Set(prop::CloseDecided, o.decided);
+  record.Set(prop::CloseResult, o.result);
+  record.Set(prop::CloseReason, o.reason);
+  record.Set(prop::CloseWinBidder, o.winBidder);
 }
 
 void SetInfo(IRecord& record, const Opportunity& o) {
-  record.Set("ContactFirstName", o.contact.first);
-  record.Set("ContactLastName", o.contact.last);
-  record.Set("ContactCompany", o.contact.company);
-  record.Set("ContactAddress", o.contact.address);
-  record.Set("ContactPhone", o.contact.phone);
-  record.Set("ContactEmail", o.contact.email);
+  record.Set(prop::ContactFirstName, o.contact.first);
+  record.Set(prop::ContactLastName, o.contact.last);
+  record.Set(prop::ContactCompany, o.contact.company);
+  record.Set(prop::ContactAddress, o.contact.address);
+  record.Set(prop::ContactPhone, o.contact.phone);
+  record.Set(prop::ContactEmail, o.contact.email);
   // Stored in the product view's current form, with the total it works out.
   const ProductList products = ReadProductText(o.products);
-  record.Set("Products", WriteProductText(products));
+  record.Set(prop::Products, WriteProductText(products));
   const pelkedit::Currency total = products.Total();
-  record.Set("TotalValueUnits", static_cast<double>(total.WholeUnits()));
-  record.Set("TotalValueHundredths", static_cast<double>(total.Hundredths()));
-  record.Set("IboNote", o.note);
+  record.Set(prop::TotalValueUnits, static_cast<double>(total.WholeUnits()));
+  record.Set(prop::TotalValueHundredths, static_cast<double>(total.Hundredths()));
+  record.Set(prop::IboNote, o.note);
 }
 
 // The last day someone worked on the opportunity: its latest recorded event.
@@ -111,14 +132,14 @@ pelkedit::Date LastTouched(const Opportunity& o) {
 
 pelkedit::Blob Encode(const Opportunity& o) {
   const auto record = CreateIboProperties();
-  record->Set("IboId", o.id);
-  record->Set("IboNumber", o.id);
-  record->Set("Status", o.status);
-  record->Set("ExpertMode", o.expert);
-  record->Set("StartDate", DateOf(o.started));
-  record->Set("WwihDate", DateOf(o.happens));
-  record->Set("CloseDate", DateOf(o.closed));
-  record->Set("ModifiedDate", LastTouched(o));
+  record->Set(prop::IboId, o.id);
+  record->Set(prop::IboNumber, o.id);
+  record->Set(prop::Status, o.status);
+  record->Set(prop::ExpertMode, o.expert);
+  record->Set(prop::StartDate, DateOf(o.started));
+  record->Set(prop::WwihDate, DateOf(o.happens));
+  record->Set(prop::CloseDate, DateOf(o.closed));
+  record->Set(prop::ModifiedDate, LastTouched(o));
   SetAnswers(*record, o);
   SetTrialCloses(*record, o);
   SetInfo(*record, o);

@@ -1,4 +1,5 @@
 #include "data/ibo_store.h"
+#include "contracts/names.h"
 
 #include "data/data_error.h"
 #include "data/ibo_row.h"
@@ -31,7 +32,7 @@ std::int32_t RecordIdOf(const pelkedit::Blob& data) {
   const auto record = data_detail::DecodeOrRefuse(data, [](const std::string& why) {
     return "The record to be saved is not a valid IBO, so nothing was written: " + why + ".";
   });
-  return record->Get("IboId").AsLong();
+  return record->Get(pelkedit::prop::IboId).AsLong();
 }
 
 VersionedIbo IIboStore::ReadVersioned(IboTable table, std::int32_t id) {

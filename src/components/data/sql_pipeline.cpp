@@ -1,6 +1,7 @@
 // The pipeline's operations on the store: pages of summaries, new deals, archive and restore.
 #include <algorithm>
 
+#include "contracts/names.h"
 #include "data/data_error.h"
 #include "data/sql_ibo_store.h"
 #include "record/ibo_properties.h"
@@ -26,16 +27,16 @@ std::string Trimmed(const std::string& text) {
 Blob NewRecord(const NewIbo& ibo, std::int32_t id, std::int32_t number) {
   const auto record = CreateIboProperties();
   const pelkedit::Date today = TodayUtc();
-  record->Set("IboId", id);
-  record->Set("IboNumber", number);
-  record->Set("Status", kStatusOpen);
-  record->Set("ExpertMode", ibo.expert);
-  record->Set("StartDate", today);
-  record->Set("ModifiedDate", today);
-  if (ibo.wwihDate) record->Set("WwihDate", *ibo.wwihDate);
-  record->Set("ContactCompany", Trimmed(ibo.company));
-  record->Set("ContactFirstName", Trimmed(ibo.firstName));
-  record->Set("ContactLastName", Trimmed(ibo.lastName));
+  record->Set(pelkedit::prop::IboId, id);
+  record->Set(pelkedit::prop::IboNumber, number);
+  record->Set(pelkedit::prop::Status, kStatusOpen);
+  record->Set(pelkedit::prop::ExpertMode, ibo.expert);
+  record->Set(pelkedit::prop::StartDate, today);
+  record->Set(pelkedit::prop::ModifiedDate, today);
+  if (ibo.wwihDate) record->Set(pelkedit::prop::WwihDate, *ibo.wwihDate);
+  record->Set(pelkedit::prop::ContactCompany, Trimmed(ibo.company));
+  record->Set(pelkedit::prop::ContactFirstName, Trimmed(ibo.firstName));
+  record->Set(pelkedit::prop::ContactLastName, Trimmed(ibo.lastName));
   return record->GetIboData();
 }
 

@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "advisor/sales_cycle.h"
+#include "contracts/names.h"
 #include "data/ibo_row.h"
 #include "products/product_text.h"
 #include "values/currency.h"
@@ -23,12 +24,13 @@ std::string DateText(const Date& date) {
 // editor last stored beside it.
 std::int64_t ValueOf(pelkedit::IRecord& record) {
   try {
-    return ReadProductText(record.Get("Products").AsString()).Total().Scaled();
+    return ReadProductText(record.Get(pelkedit::prop::Products).AsString()).Total().Scaled();
   } catch (const std::exception&) {
     constexpr std::int64_t kPerHundredth = pelkedit::Currency::kScale / 100;
-    const auto units = static_cast<std::int64_t>(record.Get("TotalValueUnits").AsDouble());
+    const auto units =
+        static_cast<std::int64_t>(record.Get(pelkedit::prop::TotalValueUnits).AsDouble());
     const auto hundredths =
-        static_cast<std::int64_t>(record.Get("TotalValueHundredths").AsDouble());
+        static_cast<std::int64_t>(record.Get(pelkedit::prop::TotalValueHundredths).AsDouble());
     return units * pelkedit::Currency::kScale + hundredths * kPerHundredth;
   }
 }
@@ -56,25 +58,26 @@ std::string SaveStamp() {
 
 IboSummary SummaryOf(pelkedit::IRecord& record) {
   IboSummary s;
-  s.id = record.Get("IboId").AsLong();
-  s.iboNumber = record.Get("IboNumber").AsLong();
-  s.company = record.Get("ContactCompany").AsString();
-  s.status = record.Get("Status").AsLong();
-  s.expert = record.Get("ExpertMode").AsBool();
-  s.firstName = record.Get("ContactFirstName").AsString();
-  s.lastName = record.Get("ContactLastName").AsString();
-  s.priority = record.Get("UserPriority").AsLong();
-  s.advisorPriority = record.Get("AdvisorPriority").AsLong();
-  s.wih = record.Get("WIH").AsLong();
-  s.wwgi = record.Get("WWGI").AsLong();
-  const Date wwih = record.Get("WwihDate").AsDate();
-  const Date closed = record.Get("CloseDate").AsDate();
+  s.id = record.Get(pelkedit::prop::IboId).AsLong();
+  s.iboNumber = record.Get(pelkedit::prop::IboNumber).AsLong();
+  s.company = record.Get(pelkedit::prop::ContactCompany).AsString();
+  s.status = record.Get(pelkedit::prop::Status).AsLong();
+  s.expert = record.Get(pelkedit::prop::ExpertMode).AsBool();
+  s.firstName = record.Get(pelkedit::prop::ContactFirstName).AsString();
+  s.lastName = record.Get(pelkedit::prop::ContactLastName).AsString();
+  s.priority = record.Get(pelkedit::prop::UserPriority).AsLong();
+  s.advisorPriority = record.Get(pelkedit::prop::AdvisorPriority).AsLong();
+  s.wih = record.Get(pelkedit::prop::WIH).AsLong();
+  s.wwgi = record.Get(pelkedit::prop::WWGI).AsLong();
+  const Date wwih = record.Get(pelkedit::prop::WwihDate).AsDate();
+  const Date closed = record.Get(pelkedit::prop::CloseDate).AsDate();
   s.wwihDate = DateText(wwih);
   s.closeDate = DateText(closed);
-  s.result = record.Get("CloseResult").AsLong();
+  s.result = record.Get(pelkedit::prop::CloseResult).AsLong();
   // Where the deal stood in its cycle when it was saved.
-  s.position =
-      PlaceInCycle(s.status, record.Get("StartDate").AsDate(), wwih, closed, TodayUtc()).position;
+  s.position = PlaceInCycle(s.status, record.Get(pelkedit::prop::StartDate).AsDate(), wwih, closed,
+                            TodayUtc())
+                   .position;
   s.value = ValueOf(record);
   return s;
 }

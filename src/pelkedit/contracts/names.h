@@ -54,6 +54,7 @@
   X(DmUserName)                   \
   X(DmUserRelationship)           \
   X(ExpertMode)                   \
+  X(IboId)                        \
   X(IboNote)                      \
   X(IboNumber)                    \
   X(ModifiedDate)                 \
