@@ -84,6 +84,7 @@ const std::map<std::string, Reader>& PlainReaders() {
       {"height",
        [](const Widget& w, const std::string&) { return Variant(PositionValue(w.Height())); }},
       {"tooltip", [](const Widget& w, const std::string&) { return Variant(w.Tooltip()); }},
+      {"description", [](const Widget& w, const std::string&) { return Variant(w.Description()); }},
       {"pointer", [](const Widget& w, const std::string&) { return Variant(w.Pointer()); }},
       {"font", [](const Widget& w, const std::string&) { return Variant(w.FontName()); }},
       {"value",

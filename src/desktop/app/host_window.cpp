@@ -9,8 +9,10 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QVBoxLayout>
+#include <memory>
 #include <vector>
 
+#include "app/help_sentences.h"
 #include "app/window_keys.h"
 #include "binding/date_widgets.h"
 #include "contracts/names.h"
@@ -70,6 +72,10 @@ BinderOptions FormOptions(QtPlatform& platform) {
     options.stretch[pelkedit::PhaseFrameName(phase)] = kGrowWidth | kGrowHeight;
   }
   options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
+  auto sentences = std::make_shared<const HelpSentences>(ConfiguredHelpFile());
+  options.helpSentence = [sentences](const std::string& label) {
+    return sentences->ForLabel(label);
+  };
   options.lookups = {{"txtProbeEconName", "picEconLookup"},
                      {"txtProbeTechName", "picTechLookup"},
                      {"txtProbeUserName", "picUserLookup"}};

@@ -13,11 +13,11 @@
 #include <string>
 #include <vector>
 
+#include "app/help_sentences.h"
 #include "app/host_window.h"
 #include "app/merge_dialog.h"
 #include "app/saved_versions_dialog.h"
 #include "app/stored_version_dialog.h"
-#include "config/ini_config.h"
 #include "contracts/names.h"
 #include "control/tab_strips.h"
 #include "help_viewer/help_window.h"
@@ -226,13 +226,6 @@ QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t ibo
 }
 
 }  // namespace
-
-// The help file the settings name, as the editor opens it.
-QString ConfiguredHelpFile() {
-  const auto config = CreateConfig();
-  return QDir(QString::fromStdString(config->GetValue("InstallPath")))
-      .filePath(QString::fromStdString(config->GetValue("PLKHelpName")));
-}
 
 // The help viewer on the index and on a few topics, as a user opens them from the editor.
 QStringList ShootHelp(const QDir& folder) {

@@ -47,6 +47,9 @@ struct BinderOptions {
   // Pictures that open a text box's look-up ("..."), by the box's name: the picture is a Tab
   // stop after the box that Space or Enter presses, and F4 or Alt+Down in the box presses it.
   std::map<std::string, std::string> lookups;
+  // A question's help sentence by its label's name (empty when it has none), which describes
+  // the question's input to a screen reader when the input has no tooltip.
+  std::function<QString(const std::string& label)> helpSentence;
 };
 
 // Shows every widget model of a registry as a real Qt widget of the same object name on a form,
@@ -119,6 +122,9 @@ class Binder : public QObject {
   QString ShownCaption(const pelkedit::Widget& model) const;
   const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
   void ApplyLabelCaption(Binding& binding);
+  // Screen readers (binder_accessible.cpp).
+  const pelkedit::Widget* QuestionOf(const pelkedit::Widget& model) const;
+  void ApplyAccessibleText(Binding& binding);
   QWidget* TabStopOf(const pelkedit::Widget& model);
   std::vector<Binding*> GroupOf(Binding& option);
   void UpdateTabStops(Binding& option);
@@ -140,6 +146,8 @@ class Binder : public QObject {
   // binder chose (captions that mark their own keep theirs).
   std::map<const pelkedit::Widget*, const pelkedit::Widget*> buddies_;
   std::map<const pelkedit::Widget*, int> mnemonics_;
+  // The label that names each input: its question.
+  std::map<const pelkedit::Widget*, const pelkedit::Widget*> questions_;
   // Set while a model's state is copied into its widget, so the widget's signals are not taken
   // for the user's input.
   bool applying_ = false;

@@ -100,6 +100,9 @@ void Binder::Apply(Binding& binding, const std::string& property) {
     binding.placed->setEnabled(model.Enabled());
   } else if (property == "tooltip") {
     binding.inner->setToolTip(QString::fromStdString(model.Tooltip()));
+    ApplyAccessibleText(binding);
+  } else if (property == "description") {
+    ApplyAccessibleText(binding);
   } else if (property == "pointer") {
     if (model.Pointer() == kPointerDefault) {
       binding.placed->unsetCursor();

@@ -113,6 +113,7 @@ void Binder::ChooseKeys() {
       if (named->Kind() == WidgetKind::kFrame) named = FirstFocusableIn(*named);
       if (named == nullptr || !named->Focusable()) continue;
       buddies_[&model] = named;
+      questions_[named] = &model;
       chooseFor(model);
       break;
     }
@@ -129,6 +130,7 @@ void Binder::ConnectKeys(Binding& binding) {
   if (IsLookupPicture(binding.model->Name())) {
     binding.inner->setFocusPolicy(Qt::StrongFocus);
     binding.inner->setToolTip(tr("Look up in the contact book (F4 in the name)"));
+    binding.inner->setAccessibleName(tr("Look up in the contact book"));
   }
   if (kind == WidgetKind::kOption) UpdateTabStops(binding);
 }
@@ -158,6 +160,9 @@ void Binder::ApplyLabelCaption(Binding& binding) {
   }
   label->setText(ShownCaption(*binding.model));
   label->setBuddy(TabStopOf(*buddy->second));
+  if (const auto named = index_.find(buddy->second); named != index_.end()) {
+    ApplyAccessibleText(bindings_[named->second]);
+  }
 }
 
 QWidget* Binder::TabStopOf(const pelkedit::Widget& model) {

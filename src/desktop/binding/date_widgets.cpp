@@ -68,6 +68,7 @@ DateEditBox::DateEditBox(const QString& name, QWidget* parent)
   drop_->setFocusPolicy(Qt::TabFocus);
   drop_->setFixedWidth(kDropButtonWidth);
   drop_->setToolTip(tr("Pick a date"));
+  drop_->setAccessibleName(tr("Pick a date"));
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
@@ -101,6 +102,14 @@ void CalendarBox::Build() {
   calendar_->setHeaderTextFormat(header);
   if (first_.isValid()) calendar_->setDateRange(first_, last_);
   if (selected_.isValid()) calendar_->setSelectedDate(selected_);
+  // Made when first shown, after the widgets around it: Tab reaches it where the box is, and
+  // a screen reader hears the box's name.
+  QWidget::setTabOrder(this, calendar_);
+  setFocusProxy(calendar_);
+  for (QWidget* part = calendar_; part != nullptr; part = part->focusProxy()) {
+    part->setAccessibleName(accessibleName());
+    part->setAccessibleDescription(accessibleDescription());
+  }
   today_->setObjectName(name_ + "Today");
   today_->setText(tr("Today"));
   today_->setFocusPolicy(Qt::NoFocus);

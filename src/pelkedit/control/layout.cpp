@@ -65,12 +65,14 @@ void BuildEditorShell(WidgetRegistry& widgets) {
 
 void BuildEditorButtons(WidgetRegistry& widgets) {
   PageLayout form(widgets, nullptr);
-  form.Place<Button>(widget::cmdSave, kFormWidth - 2 * kButtonWidth - 2 * kButtonGap, kButtonTop,
-                     kButtonWidth, kButtonHeight)
-      .SetCaption("&Save");
-  form.Place<Button>(widget::cmdCancel, kFormWidth - kButtonWidth - kButtonGap, kButtonTop,
-                     kButtonWidth, kButtonHeight)
-      .SetCaption("&Cancel");
+  auto& save = form.Place<Button>(widget::cmdSave, kFormWidth - 2 * kButtonWidth - 2 * kButtonGap,
+                                  kButtonTop, kButtonWidth, kButtonHeight);
+  save.SetCaption("&Save");
+  save.SetDescription("Saves the IBO and closes it.");
+  auto& cancel = form.Place<Button>(widget::cmdCancel, kFormWidth - kButtonWidth - kButtonGap,
+                                    kButtonTop, kButtonWidth, kButtonHeight);
+  cancel.SetCaption("&Cancel");
+  cancel.SetDescription("Closes the IBO; unsaved changes are asked about first.");
 }
 
 }  // namespace pelkedit

@@ -84,6 +84,11 @@ void Widget::SetTooltip(const std::string& text) {
   tooltip_ = text;
   Changed("tooltip");
 }
+void Widget::SetDescription(const std::string& text) {
+  if (text == description_) return;
+  description_ = text;
+  Changed("description");
+}
 void Widget::SetPointer(std::int32_t pointer) {
   pointer_ = pointer;
   Changed("pointer");

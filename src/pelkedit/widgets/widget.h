@@ -61,6 +61,9 @@ class Widget {
   void Move(float left, float top, float width, float height);
   const std::string& Tooltip() const { return tooltip_; }
   void SetTooltip(const std::string& text);
+  // What a picture shows, in words, for people who cannot see it (a screen reader reads it).
+  const std::string& Description() const { return description_; }
+  void SetDescription(const std::string& text);
   std::int32_t Pointer() const { return pointer_; }
   void SetPointer(std::int32_t pointer);
   const std::string& FontName() const { return fontName_; }
@@ -113,6 +116,7 @@ class Widget {
   float width_ = 0;
   float height_ = 0;
   std::string tooltip_;
+  std::string description_;
   std::int32_t pointer_ = 0;
   std::string fontName_;
   std::string caption_;

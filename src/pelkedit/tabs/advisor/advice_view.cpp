@@ -103,10 +103,11 @@ void AdvisorTab::RefreshAdvisorMsg() {
 void AdvisorTab::InitSalesCycleGraph() {
   RunMethod(EditorContext::Proc("InitSalesCycleGraph"), [&] {
     IAdvisor& advisor = ctx_.Adv();
-    ctx_.Get<TextBox>(widget::txtSalesCycle)
-        .SetText(advisor.Get(fact::SalesCycleLine1).AsString() + "\r\n" +
-                 advisor.Get(fact::SalesCycleLine2).AsString());
-    const auto& graph = ctx_.Get<PictureBox>(widget::picSalesCycle);
+    const std::string line1 = advisor.Get(fact::SalesCycleLine1).AsString();
+    const std::string line2 = advisor.Get(fact::SalesCycleLine2).AsString();
+    ctx_.Get<TextBox>(widget::txtSalesCycle).SetText(line1 + "\r\n" + line2);
+    auto& graph = ctx_.Get<PictureBox>(widget::picSalesCycle);
+    graph.SetDescription(line1 + ", " + line2);
     auto& marker = ctx_.Get<PictureBox>(widget::picLine);
     const double px = kTwipsPerPixel;
     const double graphLeft = graph.Left();

@@ -15,7 +15,8 @@ constexpr float kGraphCaptionHeight = 14;
 
 void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
-  page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316);
+  page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316)
+      .SetDescription("The advisor's advice");
   page.Caption("lblAdvisorSCGraph", 328, 10, 250, "Sales Cycle Graph");
   auto& graph = page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
   // The phase captions at the top of the graph, each a label that opens its phase's help.

@@ -1,5 +1,8 @@
 #include "tabs/advisor/matrix_priority.h"
 
+#include <iterator>
+#include <string>
+
 #include "contracts/names.h"
 #include "control/editor_context.h"
 #include "control/tab_strips.h"
@@ -15,6 +18,30 @@ constexpr std::int32_t kSquarePitch = 38;
 // Priority picture resources: priority 1 is the first picture of each set.
 constexpr std::int32_t kUserPriorityBase = picture::kUserPriorityFirst - 1;
 constexpr std::int32_t kAdvisorPriorityBase = picture::kAdvisorPriorityFirst - 1;
+
+// The scale's words for a square's column or row.
+std::string LevelWord(std::int32_t level) {
+  static const char* const kWords[] = {"Low", "Medium", "High"};
+  return level >= 0 && level < std::int32_t{std::size(kWords)} ? kWords[level] : "not answered";
+}
+
+std::string SquareWords(std::int32_t column, std::int32_t row) {
+  return "Will it happen: " + LevelWord(column) + "; will we get it: " + LevelWord(row);
+}
+
+// The matrix in words: the user's square, and the advisor's when it is shown.
+std::string MatrixWords(IRecord& rec, bool showAdvisor) {
+  const std::int32_t column = rec.Get(prop::WIH).AsLong();
+  const std::int32_t row = rec.Get(prop::WWGI).AsLong();
+  std::string words = SquareWords(column, row);
+  if (!showAdvisor) return words;
+  const std::int32_t advisorColumn = rec.Get(prop::AdvisorWih).AsLong();
+  const std::int32_t advisorRow = rec.Get(prop::AdvisorWwgi).AsLong();
+  if (advisorColumn == column && advisorRow == row) return words + ". The advisor agrees";
+  std::string advisor = SquareWords(advisorColumn, advisorRow);
+  advisor[0] = 'w';
+  return words + ". The advisor: " + advisor;
+}
 
 }  // namespace
 
@@ -36,6 +63,7 @@ void MatrixPriority::RefreshMatrixInfo(bool showAdvisor) {
     auto& userSquare = ctx_.Get<PictureBox>(widget::picPmUserSqr);
     auto& advisorSquare = ctx_.Get<PictureBox>(widget::picPmAdvSqr);
     auto& commonSquare = ctx_.Get<PictureBox>(widget::picPmCmnSqr);
+    ctx_.Get<PictureBox>(widget::picProbabilitMatrix).SetDescription(MatrixWords(rec, showAdvisor));
     float left = 0;
     float top = 0;
     if (userColumn != advisorColumn || userRow != advisorRow || !showAdvisor) {
@@ -70,15 +98,19 @@ void MatrixPriority::RefreshPriorityInfo(bool showAdvisor) {
     auto& advisorPicture = ctx_.Get<PictureBox>(widget::picAdvPriority);
     if (showAdvisor) {
       advisorPicture.ClearPicture();
-      advisorPicture.SetPicture(kAdvisorPriorityBase +
-                                ctx_.Adv().Get(fact::AdvisorPriority).AsLong());
+      const std::int32_t priority = ctx_.Adv().Get(fact::AdvisorPriority).AsLong();
+      advisorPicture.SetPicture(kAdvisorPriorityBase + priority);
+      advisorPicture.SetDescription("Priority " + std::to_string(priority) +
+                                    ": the advisor's view");
       advisorPicture.SetVisible(true);
       userPicture.SetVisible(false);
       return;
     }
     advisorPicture.SetVisible(false);
     userPicture.ClearPicture();
-    userPicture.SetPicture(kUserPriorityBase + ctx_.Adv().Get(fact::UserPriority).AsLong());
+    const std::int32_t priority = ctx_.Adv().Get(fact::UserPriority).AsLong();
+    userPicture.SetPicture(kUserPriorityBase + priority);
+    userPicture.SetDescription("Priority " + std::to_string(priority) + ": your view");
     userPicture.SetVisible(true);
   });
 }

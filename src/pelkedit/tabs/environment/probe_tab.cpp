@@ -77,8 +77,10 @@ void ProbeTab::Build(WidgetRegistry& widgets, Frame& frame) {
     top += layout::kRowPitch;
   }
   page.FieldCaption("lblCompetitors", kMargin, top, kQuestionCaptionWidth, "Competitors?");
-  page.Place<Button>(kCompetitorsButton, kQuestionListLeft, top - 1, kButtonWidth, kButtonHeight)
-      .SetCaption("Edit...");
+  auto& competitors = page.Place<Button>(kCompetitorsButton, kQuestionListLeft, top - 1,
+                                         kButtonWidth, kButtonHeight);
+  competitors.SetCaption("Edit...");
+  competitors.SetDescription("Edits the list of competitors you know of.");
 
   page.Caption("lblDecisionMakers", kDmLeft, kMargin, kDmNameWidth, "Decision Makers");
   float dmTop = kFirstDmTop;

@@ -48,6 +48,8 @@ const ContactField* const kSaveOrder[] = {&kAddress,   &kCompany,  &kEmail,
 
 constexpr const char* kContactFrame = "fraContactInfo";
 constexpr const char* kContactLookup = "cmdContactLookup";
+constexpr const char* kContactDescription =
+    "The person at the customer this deal is with; Look Up... fills it from the contact book.";
 constexpr float kLookupButtonWidth = 84;
 constexpr const char* kProductFrame = "fraProductInfo";
 constexpr const char* kProductTooltip =
@@ -84,14 +86,16 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
     const float left = kColumnLeft[slot % kContactColumns];
     const float top = kGroupTitle + static_cast<float>(slot / kContactColumns) * kRowPitch;
     contactLayout.FieldCaption(field->label, left, top, kCaptionWidth, field->caption);
-    contactLayout.Place<TextBox>(field->box, left + kBoxOffset, top, kBoxWidth,
-                                 layout::kFieldHeight);
+    contactLayout
+        .Place<TextBox>(field->box, left + kBoxOffset, top, kBoxWidth, layout::kFieldHeight)
+        .SetDescription(kContactDescription);
     ++slot;
   }
-  contactLayout
-      .Place<Button>(kContactLookup, kGroupWidth - kLookupButtonWidth - kMargin, kLookupButtonTop,
-                     kLookupButtonWidth, layout::kFieldHeight)
-      .SetCaption("Look Up...");
+  auto& lookup =
+      contactLayout.Place<Button>(kContactLookup, kGroupWidth - kLookupButtonWidth - kMargin,
+                                  kLookupButtonTop, kLookupButtonWidth, layout::kFieldHeight);
+  lookup.SetCaption("Look Up...");
+  lookup.SetDescription("Fills the contact from the contact book.");
   auto& products =
       page.Place<Frame>(kProductFrame, kMargin, kProductTop, kGroupWidth, kProductHeight);
   products.SetCaption("Product Information");
@@ -100,6 +104,7 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
                                           kGroupWidth - 2 * kViewInset,
                                           kProductHeight - kGroupTitle - kViewInset);
   view.SetTooltip(kProductTooltip);
+  view.SetDescription("Products");
   // The view is another component of the product; a creation that fails is kept and raised
   // by the first call the editor makes of it, on the error path of that call.
   try {

@@ -31,10 +31,15 @@ constexpr float kButtonHeight = 26;
 
 void NoteTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
-  page.Place<TextBox>(kNote, kMargin, kMargin, kNoteWidth, kNoteHeight).SetMultiline(true);
-  page.Place<Calendar>(kStampCalendar, kCalendarLeft, kMargin, kCalendarWidth, kCalendarHeight);
-  page.Place<Button>(kStampButton, kCalendarLeft, kButtonTop, kButtonWidth, kButtonHeight)
-      .SetCaption("Date Stamp");
+  auto& note = page.Place<TextBox>(kNote, kMargin, kMargin, kNoteWidth, kNoteHeight);
+  note.SetMultiline(true);
+  note.SetDescription("IBO Note");
+  page.Place<Calendar>(kStampCalendar, kCalendarLeft, kMargin, kCalendarWidth, kCalendarHeight)
+      .SetDescription("Date for the date stamp");
+  auto& stamp =
+      page.Place<Button>(kStampButton, kCalendarLeft, kButtonTop, kButtonWidth, kButtonHeight);
+  stamp.SetCaption("Date Stamp");
+  stamp.SetDescription("Puts the date picked above into the note, where the cursor is.");
 }
 
 void NoteTab::Wire() {
