@@ -62,15 +62,6 @@ BinderOptions FormOptions(QtPlatform& platform) {
                            {"picEconLookup", picture::kLookupButton},
                            {"picTechLookup", picture::kLookupButton},
                            {"picUserLookup", picture::kLookupButton}};
-  // A larger window gives its room to the frames and the advice; Save and Cancel stay in the
-  // bottom right corner, the sales-cycle graph at the right edge.
-  using namespace stretch;
-  for (std::int32_t tab = 0; tab < pelkedit::tab::kMainCount; ++tab) {
-    options.stretch[pelkedit::MainFrameName(tab)] = kGrowWidth | kGrowHeight;
-  }
-  for (std::int32_t phase = 0; phase < pelkedit::tab::kPhaseCount; ++phase) {
-    options.stretch[pelkedit::PhaseFrameName(phase)] = kGrowWidth | kGrowHeight;
-  }
   options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
   auto sentences = std::make_shared<const HelpSentences>(ConfiguredHelpFile());
   options.helpSentence = [sentences](const std::string& label) {
@@ -79,33 +70,6 @@ BinderOptions FormOptions(QtPlatform& platform) {
   options.lookups = {{"txtProbeEconName", "picEconLookup"},
                      {"txtProbeTechName", "picTechLookup"},
                      {"txtProbeUserName", "picUserLookup"}};
-  options.stretch[pelkedit::widget::cmdSave] = kFollowRight | kFollowBottom;
-  options.stretch[pelkedit::widget::cmdCancel] = kFollowRight | kFollowBottom;
-  options.stretch[pelkedit::widget::rtfAdvisorMsg] = kGrowWidth | kGrowHeight;
-  for (const char* graph : {"lblAdvisorSCGraph", pelkedit::widget::picSalesCycle,
-                            pelkedit::widget::picLine, pelkedit::widget::txtSalesCycle}) {
-    options.stretch[graph] = kFollowRight;
-  }
-  // The note and the trial-close history take the room of their pages.
-  options.stretch["txtIboNote"] = kGrowWidth | kGrowHeight;
-  options.stretch["dteDateStamp"] = kFollowRight;
-  options.stretch["cmdDateStamp"] = kFollowRight;
-  options.stretch["txtTrialCloseHistory"] = kGrowWidth | kGrowHeight;
-  // IBO Info: the contact keeps its rows, the product list takes the room.
-  options.stretch["fraContactInfo"] = kGrowWidth;
-  // Names, addresses and e-mails are long: both columns of the contact take half the room.
-  for (const char* left : {"txtConFirstName", "txtConCompany", "txtConAddress"}) {
-    options.stretch[left] = kGrowHalfWidth;
-  }
-  for (const char* label : {"lblConLastName", "lblConPhone", "lblConEmail"}) {
-    options.stretch[label] = kFollowHalfRight;
-  }
-  for (const char* right : {"txtConLastName", "txtConPhone", "txtConEmail"}) {
-    options.stretch[right] = kFollowHalfRight | kGrowHalfWidth;
-  }
-  options.stretch["cmdContactLookup"] = kFollowRight;
-  options.stretch["fraProductInfo"] = kGrowWidth | kGrowHeight;
-  options.stretch[pelkedit::widget::ProductView1] = kGrowWidth | kGrowHeight;
   return options;
 }
 

@@ -19,18 +19,6 @@ class QKeyEvent;
 
 namespace pelkor::desktop {
 
-// How a widget follows the form when the form is larger than the component's design.
-namespace stretch {
-inline constexpr int kFollowRight = 1;   // moves with the right edge
-inline constexpr int kFollowBottom = 2;  // moves with the bottom edge
-inline constexpr int kGrowWidth = 4;     // takes the extra width
-inline constexpr int kGrowHeight = 8;    // takes the extra height
-// Two columns side by side share the extra width: the left grows by half, the right moves by
-// half and grows by half.
-inline constexpr int kGrowHalfWidth = 16;
-inline constexpr int kFollowHalfRight = 32;
-}  // namespace stretch
-
 struct BinderOptions {
   // The user's short-date format (Qt syntax); the date edits take its separator.
   QString shortDateFormat = "M/d/yyyy";
@@ -39,8 +27,6 @@ struct BinderOptions {
   // Called with an error a model raised while handling the user's input; by default the error
   // is shown in a message box over the form.
   std::function<void(const std::exception&)> onError;
-  // Widgets (by name) that follow a form grown beyond the design; the others keep their place.
-  std::map<std::string, int> stretch;
   // Pictures that take the focus when pressed, as the tab strips do: the field being edited
   // loses it first, so that what was typed is committed before the press is handled.
   std::set<std::string> focusTakingPictures;
@@ -79,7 +65,8 @@ class Binder : public QObject {
   // Opens the help of the question that has the focus, as a click on its label does (F1); false
   // when the focused widget has no label that opens help.
   bool HelpForFocus();
-  // The room the form has beyond the component's design, in pixels; stretching widgets take it.
+  // The room the form has beyond the component's design, in pixels; the widgets take it as
+  // their anchors say.
   void SetExtraRoom(QSize extra);
 
  signals:

@@ -128,14 +128,14 @@ void Binder::ApplyGeometry(Binding& binding) {
   const bool inPixels = m.PositionedInPixels();
   QRect rect(Pixels(m.Left(), inPixels), Pixels(m.Top(), inPixels), Pixels(m.Width(), inPixels),
              Pixels(m.Height(), inPixels));
-  const auto it = options_.stretch.find(m.Name());
-  const int how = it == options_.stretch.end() ? 0 : it->second;
-  if (how & stretch::kFollowRight) rect.translate(extra_.width(), 0);
-  if (how & stretch::kFollowBottom) rect.translate(0, extra_.height());
-  if (how & stretch::kGrowWidth) rect.setWidth(rect.width() + extra_.width());
-  if (how & stretch::kGrowHeight) rect.setHeight(rect.height() + extra_.height());
-  if (how & stretch::kFollowHalfRight) rect.translate(extra_.width() / 2, 0);
-  if (how & stretch::kGrowHalfWidth) rect.setWidth(rect.width() + extra_.width() / 2);
+  namespace anchor = pelkedit::anchor;
+  const int how = m.Anchors();
+  if (how & anchor::kFollowRight) rect.translate(extra_.width(), 0);
+  if (how & anchor::kFollowBottom) rect.translate(0, extra_.height());
+  if (how & anchor::kGrowWidth) rect.setWidth(rect.width() + extra_.width());
+  if (how & anchor::kGrowHeight) rect.setHeight(rect.height() + extra_.height());
+  if (how & anchor::kFollowHalfRight) rect.translate(extra_.width() / 2, 0);
+  if (how & anchor::kGrowHalfWidth) rect.setWidth(rect.width() + extra_.width() / 2);
   binding.placed->setGeometry(rect);
 }
 
@@ -144,7 +144,7 @@ void Binder::SetExtraRoom(QSize extra) {
   if (extra == extra_) return;
   extra_ = extra;
   for (Binding& binding : bindings_) {
-    if (options_.stretch.count(binding.model->Name()) != 0) Apply(binding, "geometry");
+    if (binding.model->Anchors() != pelkedit::anchor::kNone) Apply(binding, "geometry");
   }
 }
 

@@ -50,7 +50,8 @@ void BuildEditorShell(WidgetRegistry& widgets) {
   form.Place<PictureBox>(widget::picMainTab, 0, 0, static_cast<float>(mainStrip.widthPixels),
                          static_cast<float>(mainStrip.heightPixels));
   for (const char* name : kMainFrames) {
-    form.Place<Frame>(name, 0, kFrameTop, kFormWidth, kFrameHeight);
+    // A larger window gives its room to the pages.
+    form.Place<Frame>(name, 0, kFrameTop, kFormWidth, kFrameHeight).SetAnchors(anchor::kFill);
   }
 
   PageLayout environment(widgets, widgets.Get<Frame>(MainFrameName(tab::kSalesEnvironment)));
@@ -59,7 +60,8 @@ void BuildEditorShell(WidgetRegistry& widgets) {
                                 static_cast<float>(phases.widthPixels),
                                 static_cast<float>(phases.heightPixels));
   for (const char* name : kPhaseFrames) {
-    environment.Place<Frame>(name, 0, kPhaseFrameTop, kFormWidth, kFrameHeight - kPhaseFrameTop);
+    environment.Place<Frame>(name, 0, kPhaseFrameTop, kFormWidth, kFrameHeight - kPhaseFrameTop)
+        .SetAnchors(anchor::kFill);
   }
 }
 
@@ -69,10 +71,13 @@ void BuildEditorButtons(WidgetRegistry& widgets) {
                                   kButtonTop, kButtonWidth, kButtonHeight);
   save.SetCaption("&Save");
   save.SetDescription("Saves the IBO and closes it.");
+  // Save and Cancel stay in the bottom right corner.
+  save.SetAnchors(anchor::kCorner);
   auto& cancel = form.Place<Button>(widget::cmdCancel, kFormWidth - kButtonWidth - kButtonGap,
                                     kButtonTop, kButtonWidth, kButtonHeight);
   cancel.SetCaption("&Cancel");
   cancel.SetDescription("Closes the IBO; unsaved changes are asked about first.");
+  cancel.SetAnchors(anchor::kCorner);
 }
 
 }  // namespace pelkedit

@@ -26,6 +26,22 @@ const char* WidgetKindName(WidgetKind kind);
 
 class WidgetRegistry;
 
+// How a widget follows a window larger than the component's design; the page that places a
+// widget declares it.
+namespace anchor {
+inline constexpr int kNone = 0;
+inline constexpr int kFollowRight = 1;   // moves with the right edge
+inline constexpr int kFollowBottom = 2;  // moves with the bottom edge
+inline constexpr int kGrowWidth = 4;     // takes the extra width
+inline constexpr int kGrowHeight = 8;    // takes the extra height
+// Two columns side by side share the extra width: the left grows by half, the right moves by
+// half and grows by half.
+inline constexpr int kGrowHalfWidth = 16;
+inline constexpr int kFollowHalfRight = 32;
+inline constexpr int kFill = kGrowWidth | kGrowHeight;
+inline constexpr int kCorner = kFollowRight | kFollowBottom;
+}  // namespace anchor
+
 // Base of the headless widget models: the properties every classic control has, the events
 // the editor listens to, and change notification for a host that draws them.
 class Widget {
@@ -61,6 +77,9 @@ class Widget {
   void Move(float left, float top, float width, float height);
   const std::string& Tooltip() const { return tooltip_; }
   void SetTooltip(const std::string& text);
+  // How the widget follows a larger window (anchor::).
+  int Anchors() const { return anchors_; }
+  void SetAnchors(int anchors) { anchors_ = anchors; }
   // What a picture shows, in words, for people who cannot see it (a screen reader reads it).
   const std::string& Description() const { return description_; }
   void SetDescription(const std::string& text);
@@ -117,6 +136,7 @@ class Widget {
   float height_ = 0;
   std::string tooltip_;
   std::string description_;
+  int anchors_ = anchor::kNone;
   std::int32_t pointer_ = 0;
   std::string fontName_;
   std::string caption_;

@@ -15,10 +15,14 @@ constexpr float kGraphCaptionHeight = 14;
 
 void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
-  page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316)
-      .SetDescription("The advisor's advice");
-  page.Caption("lblAdvisorSCGraph", 328, 10, 250, "Sales Cycle Graph");
+  // A larger window gives its room to the advice; the graph stays at the right edge.
+  auto& advice = page.Place<RichTextBox>(widget::rtfAdvisorMsg, 10, 10, 300, 316);
+  advice.SetDescription("The advisor's advice");
+  advice.SetAnchors(anchor::kFill);
+  page.Caption("lblAdvisorSCGraph", 328, 10, 250, "Sales Cycle Graph")
+      .SetAnchors(anchor::kFollowRight);
   auto& graph = page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
+  graph.SetAnchors(anchor::kFollowRight);
   // The phase captions at the top of the graph, each a label that opens its phase's help.
   const double phaseStarts[] = {0, cycle::kProveStarts, cycle::kCloseStarts, 1};
   const char* const phaseLabels[] = {"lblSCProbe", "lblSCProve", "lblSCClose"};
@@ -27,8 +31,9 @@ void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
     const auto width = static_cast<float>(kGraphCycleWidth * (phaseStarts[i + 1] - phaseStarts[i]));
     page.PlaceInPicture<Label>(phaseLabels[i], graph, left, 0, width, kGraphCaptionHeight);
   }
-  page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101);
+  page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101).SetAnchors(anchor::kFollowRight);
   auto& caption = page.Place<TextBox>(widget::txtSalesCycle, 328, 155, 250, 40);
+  caption.SetAnchors(anchor::kFollowRight);
   caption.SetMultiline(true);
   caption.SetLocked(true);
 }

@@ -49,6 +49,8 @@ void CloseTab::Build(WidgetRegistry& widgets, Frame& frame) {
   history.SetMultiline(true);
   history.SetLocked(true);
   history.SetDisplayOnly();
+  // The history takes the room of a larger window.
+  history.SetAnchors(anchor::kFill);
   // Until the first load the page shows no rows.
   for (const Row* row : kHideable) {
     widgets.Find(row->label)->SetVisible(false);

@@ -80,15 +80,22 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
   auto& contact =
       page.Place<Frame>(kContactFrame, kMargin, kContactTop, kGroupWidth, kContactHeight);
   contact.SetCaption("Contact Information");
+  // The contact keeps its rows in a larger window; names, addresses and e-mails are long, so
+  // both columns take half the extra width. The product list takes the rest of the room.
+  contact.SetAnchors(anchor::kGrowWidth);
   PageLayout contactLayout(widgets, contact);
   int slot = 0;
   for (const ContactField* field : kShown) {
     const float left = kColumnLeft[slot % kContactColumns];
     const float top = kGroupTitle + static_cast<float>(slot / kContactColumns) * kRowPitch;
-    contactLayout.FieldCaption(field->label, left, top, kCaptionWidth, field->caption);
-    contactLayout
-        .Place<TextBox>(field->box, left + kBoxOffset, top, kBoxWidth, layout::kFieldHeight)
-        .SetDescription(kContactDescription);
+    const bool rightColumn = slot % kContactColumns != 0;
+    contactLayout.FieldCaption(field->label, left, top, kCaptionWidth, field->caption)
+        .SetAnchors(rightColumn ? anchor::kFollowHalfRight : anchor::kNone);
+    auto& box = contactLayout.Place<TextBox>(field->box, left + kBoxOffset, top, kBoxWidth,
+                                             layout::kFieldHeight);
+    box.SetDescription(kContactDescription);
+    box.SetAnchors(rightColumn ? anchor::kFollowHalfRight | anchor::kGrowHalfWidth
+                               : anchor::kGrowHalfWidth);
     ++slot;
   }
   auto& lookup =
@@ -96,15 +103,18 @@ void InfoTab::Build(WidgetRegistry& widgets, Frame& frame) {
                                   kLookupButtonTop, kLookupButtonWidth, layout::kFieldHeight);
   lookup.SetCaption("Look Up...");
   lookup.SetDescription("Fills the contact from the contact book.");
+  lookup.SetAnchors(anchor::kFollowRight);
   auto& products =
       page.Place<Frame>(kProductFrame, kMargin, kProductTop, kGroupWidth, kProductHeight);
   products.SetCaption("Product Information");
+  products.SetAnchors(anchor::kFill);
   auto& view = PageLayout(widgets, products)
                    .Place<ProductViewBox>(widget::ProductView1, kViewInset, kGroupTitle,
                                           kGroupWidth - 2 * kViewInset,
                                           kProductHeight - kGroupTitle - kViewInset);
   view.SetTooltip(kProductTooltip);
   view.SetDescription("Products");
+  view.SetAnchors(anchor::kFill);
   // The view is another component of the product; a creation that fails is kept and raised
   // by the first call the editor makes of it, on the error path of that call.
   try {

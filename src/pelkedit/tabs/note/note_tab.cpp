@@ -34,11 +34,16 @@ void NoteTab::Build(WidgetRegistry& widgets, Frame& frame) {
   auto& note = page.Place<TextBox>(kNote, kMargin, kMargin, kNoteWidth, kNoteHeight);
   note.SetMultiline(true);
   note.SetDescription("IBO Note");
-  page.Place<Calendar>(kStampCalendar, kCalendarLeft, kMargin, kCalendarWidth, kCalendarHeight)
-      .SetDescription("Date for the date stamp");
+  // The note takes the room of a larger window; the date stamp stays at its right.
+  note.SetAnchors(anchor::kFill);
+  auto& calendar =
+      page.Place<Calendar>(kStampCalendar, kCalendarLeft, kMargin, kCalendarWidth, kCalendarHeight);
+  calendar.SetDescription("Date for the date stamp");
+  calendar.SetAnchors(anchor::kFollowRight);
   auto& stamp =
       page.Place<Button>(kStampButton, kCalendarLeft, kButtonTop, kButtonWidth, kButtonHeight);
   stamp.SetCaption("Date Stamp");
+  stamp.SetAnchors(anchor::kFollowRight);
   stamp.SetDescription("Puts the date picked above into the note, where the cursor is.");
 }
 
