@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "app/help_sentences.h"
 #include "app/window_keys.h"
 #include "control/tab_strips.h"
 #include "host_fixture.h"
@@ -137,6 +138,21 @@ class AccessibilityTest : public QObject {
     QVERIFY2(graph.contains(QRegularExpression("^(Probe|Prove|Close) phase, ")), qPrintable(graph));
     // The advice is text a reader can read, not a picture of it.
     QVERIFY(!Read(host.Qt<QWidget>("rtfAdvisorMsg"), QAccessible::Value).isEmpty());
+  }
+
+  // Every label and picture a page links to help opens a topic the help file has, with a
+  // sentence a screen reader can say about the question.
+  void everyHelpTopicAPageOpensIsInTheHelpFile() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    const pelkor::desktop::HelpSentences sentences(pelkor::desktop::ConfiguredHelpFile());
+    int links = 0;
+    for (const pelkedit::Widget* model : host.window->Component()->Widgets().All()) {
+      if (model->HelpTopic() == 0) continue;
+      QVERIFY2(!sentences.ForTopic(model->HelpTopic()).isEmpty(), model->Name().c_str());
+      ++links;
+    }
+    QVERIFY(links > 50);
   }
 
   // Tab goes down a page as it is read: each stop is below the one before, or beside it on the

@@ -6,7 +6,6 @@
 #include <QTextDocumentFragment>
 
 #include "config/ini_config.h"
-#include "help/context_help.h"
 #include "values/error.h"
 
 namespace pelkor::desktop {
@@ -35,13 +34,9 @@ HelpSentences::HelpSentences(const QString& helpFile) {
   }
 }
 
-QString HelpSentences::ForLabel(const std::string& label) const {
-  for (const pelkedit::HelpLink& link : pelkedit::HelpLinks()) {
-    if (link.widget != label) continue;
-    const auto it = byTopic_.find(link.mapId);
-    return it == byTopic_.end() ? QString() : it->second;
-  }
-  return {};
+QString HelpSentences::ForTopic(int mapId) const {
+  const auto it = byTopic_.find(mapId);
+  return it == byTopic_.end() ? QString() : it->second;
 }
 
 QString ConfiguredHelpFile() {

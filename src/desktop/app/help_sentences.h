@@ -6,14 +6,14 @@
 
 namespace pelkor::desktop {
 
-// The first sentence of each help topic the questions' labels open, read once from the help
-// file the settings name: what a screen reader says about a question's input.
+// The first sentence of each help topic, read once from the help file the settings name: what a
+// screen reader says about a question's input.
 class HelpSentences {
  public:
   // An unreadable file gives no sentences; the questions are still named.
   explicit HelpSentences(const QString& helpFile);
-  // The sentence for the topic the label opens; empty when it opens none.
-  QString ForLabel(const std::string& label) const;
+  // The sentence of a topic; empty for a topic the file lacks.
+  QString ForTopic(int mapId) const;
 
  private:
   std::map<int, QString> byTopic_;

@@ -64,9 +64,7 @@ BinderOptions FormOptions(QtPlatform& platform) {
                            {"picUserLookup", picture::kLookupButton}};
   options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
   auto sentences = std::make_shared<const HelpSentences>(ConfiguredHelpFile());
-  options.helpSentence = [sentences](const std::string& label) {
-    return sentences->ForLabel(label);
-  };
+  options.helpSentence = [sentences](int mapId) { return sentences->ForTopic(mapId); };
   options.lookups = {{"txtProbeEconName", "picEconLookup"},
                      {"txtProbeTechName", "picTechLookup"},
                      {"txtProbeUserName", "picUserLookup"}};

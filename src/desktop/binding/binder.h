@@ -33,9 +33,9 @@ struct BinderOptions {
   // Pictures that open a text box's look-up ("..."), by the box's name: the picture is a Tab
   // stop after the box that Space or Enter presses, and F4 or Alt+Down in the box presses it.
   std::map<std::string, std::string> lookups;
-  // A question's help sentence by its label's name (empty when it has none), which describes
-  // the question's input to a screen reader when the input has no tooltip.
-  std::function<QString(const std::string& label)> helpSentence;
+  // The first sentence of a help topic (empty when there is none): a question's label's topic
+  // describes the question's input to a screen reader when the input has no tooltip.
+  std::function<QString(int mapId)> helpSentence;
 };
 
 // Shows every widget model of a registry as a real Qt widget of the same object name on a form,

@@ -48,8 +48,9 @@ void Binder::ApplyAccessibleText(Binding& binding) {
   const pelkedit::Widget* question = QuestionOf(model);
   const QString own = QString::fromStdString(model.Description());
   QString description = widget.toolTip();
-  if (description.isEmpty() && question != nullptr && options_.helpSentence) {
-    description = options_.helpSentence(question->Name());
+  if (description.isEmpty() && question != nullptr && question->HelpTopic() != 0 &&
+      options_.helpSentence) {
+    description = options_.helpSentence(question->HelpTopic());
   }
   const bool namesItself = !model.Caption().empty() && model.Kind() != WidgetKind::kFrame;
   if (question != nullptr && model.Kind() == WidgetKind::kOption) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string_view>
+
 #include "control/tab_strips.h"
 
 namespace pelkedit {
@@ -12,6 +16,12 @@ enum class HostChange { kStartDate, kStatus, kUpgrade };
 // Why a page is asked to write back what only its widgets still hold.
 enum class CollectReason { kLeaving, kSaving };
 
+// A widget of a page whose click opens a help topic, and the topic's map id.
+struct HelpLink {
+  std::string_view widget;
+  std::int32_t mapId;
+};
+
 // One page of the editor: Essentials, Sales Advisor, a Sales Environment phase, IBO Info or
 // IBO Note. The editor holds its pages in one ordered list (the order a load fills them) and
 // walks it at every moment below; a page reacts to the moments it cares about.
@@ -20,6 +30,8 @@ class TabPage {
   virtual ~TabPage() = default;
   // The main tab (and on the Sales Environment, the phase) the page is shown on.
   virtual TabPlace Place() const = 0;
+  // The labels and pictures of the page that open help, with their topics.
+  virtual std::span<const HelpLink> HelpTopics() const { return {}; }
   // Creates the page's widgets on its frame, positions in twips.
   virtual void Build(WidgetRegistry& widgets, Frame& frame) = 0;
   // Connects the widgets' events to the page's handlers.

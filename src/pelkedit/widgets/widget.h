@@ -77,6 +77,9 @@ class Widget {
   void Move(float left, float top, float width, float height);
   const std::string& Tooltip() const { return tooltip_; }
   void SetTooltip(const std::string& text);
+  // The help topic a click on the widget opens (a question's label); 0 for none.
+  std::int32_t HelpTopic() const { return helpTopic_; }
+  void SetHelpTopic(std::int32_t mapId) { helpTopic_ = mapId; }
   // How the widget follows a larger window (anchor::).
   int Anchors() const { return anchors_; }
   void SetAnchors(int anchors) { anchors_ = anchors; }
@@ -137,6 +140,7 @@ class Widget {
   std::string tooltip_;
   std::string description_;
   int anchors_ = anchor::kNone;
+  std::int32_t helpTopic_ = 0;
   std::int32_t pointer_ = 0;
   std::string fontName_;
   std::string caption_;

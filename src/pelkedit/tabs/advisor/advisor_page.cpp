@@ -11,7 +11,19 @@ namespace {
 constexpr double kGraphCycleLeft = 2;
 constexpr double kGraphCycleWidth = 244;
 constexpr float kGraphCaptionHeight = 14;
+// The graph, and each phase caption on it.
+constexpr HelpLink kHelpTopics[] = {
+    HelpLink{"lblAdvisorSCGraph", 11},
+    HelpLink{"lblSCProbe", 12},
+    HelpLink{"lblSCProve", 13},
+    HelpLink{"lblSCClose", 14},
+};
+
 }  // namespace
+
+std::span<const HelpLink> AdvisorTab::HelpTopics() const {
+  return kHelpTopics;
+}
 
 void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);

@@ -12,6 +12,7 @@ class AdvisorTab : public TabPage {
   explicit AdvisorTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kSalesAdvisor}; }
+  std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void EngineReady() override { InitSalesCycleGraph(); }
   // The advice is built last in a load, from what every other page filled.

@@ -7,6 +7,22 @@
 #include "trace/error_paths.h"
 
 namespace pelkedit {
+namespace {
+
+// Each close question opens its topic.
+constexpr HelpLink kHelpTopics[] = {
+    HelpLink{"lblCloseTC", 44},       HelpLink{"lblCloseDecided", 45},
+    HelpLink{"lblCloseBarriers", 46}, HelpLink{"lblCloseStrategy", 47},
+    HelpLink{"lblCloseEnacted", 48},  HelpLink{"lblCloseTcHistory", 49},
+    HelpLink{"lblCloseResult", 50},   HelpLink{"lblCloseDate", 51},
+    HelpLink{"lblCloseReason", 52},   HelpLink{"lblCloseWinBidder", 53},
+};
+
+}  // namespace
+
+std::span<const HelpLink> CloseTab::HelpTopics() const {
+  return kHelpTopics;
+}
 
 using namespace close_page;
 

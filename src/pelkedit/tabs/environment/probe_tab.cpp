@@ -65,7 +65,33 @@ constexpr float kDmPitch = 86;
 constexpr float kButtonWidth = 80;
 constexpr float kButtonHeight = 24;
 
+// Each question opens its topic; the decision makers share one topic per question.
+constexpr HelpLink kHelpTopics[] = {
+    HelpLink{"lblEstablishedNeed", 22},
+    HelpLink{"lblSolutionMatch", 23},
+    HelpLink{"lblLevelOfNeed", 24},
+    HelpLink{"lblBudgetMatch", 25},
+    HelpLink{"lblFunding", 26},
+    HelpLink{"lblFamiliarity", 27},
+    HelpLink{"lblCompPressure", 28},
+    HelpLink{"lblCompetitors", 29},
+    HelpLink{"lblDecisionMakers", 30},
+    HelpLink{"lblProbeEconName", 31},
+    HelpLink{"lblProbeTechName", 31},
+    HelpLink{"lblProbeUserName", 31},
+    HelpLink{"lblProbeEconInfluence", 32},
+    HelpLink{"lblProbeTechInfluence", 32},
+    HelpLink{"lblProbeUserInfluence", 32},
+    HelpLink{"lblProbeEconImportant", 33},
+    HelpLink{"lblProbeTechImportant", 33},
+    HelpLink{"lblProbeUserImportant", 33},
+};
+
 }  // namespace
+
+std::span<const HelpLink> ProbeTab::HelpTopics() const {
+  return kHelpTopics;
+}
 
 void ProbeTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);

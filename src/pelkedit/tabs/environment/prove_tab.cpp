@@ -23,7 +23,23 @@ constexpr float kQuestionFieldLeft = 398;
 constexpr float kQuestionFieldWidth = 150;
 constexpr float kBlockPitch = 96;
 
+// The decision makers share one topic per question.
+constexpr HelpLink kHelpTopics[] = {
+    HelpLink{"lblProveEconName", 35},      HelpLink{"lblProveTechName", 35},
+    HelpLink{"lblProveUserName", 35},      HelpLink{"lblProveEconInfluence", 36},
+    HelpLink{"lblProveTechInfluence", 36}, HelpLink{"lblProveUserInfluence", 36},
+    HelpLink{"lblProveEconImportant", 37}, HelpLink{"lblProveTechImportant", 37},
+    HelpLink{"lblProveUserImportant", 37}, HelpLink{"lblProveEconRel", 38},
+    HelpLink{"lblProveTechRel", 38},       HelpLink{"lblProveUserRel", 38},
+    HelpLink{"lblProveEconDOP", 39},       HelpLink{"lblProveTechDOP", 39},
+    HelpLink{"lblProveUserDOP", 39},
+};
+
 }  // namespace
+
+std::span<const HelpLink> ProveTab::HelpTopics() const {
+  return kHelpTopics;
+}
 
 void ProveTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);

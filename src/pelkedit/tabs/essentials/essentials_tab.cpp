@@ -34,7 +34,20 @@ struct Question {
 };
 const Question kQuestions[] = {{"optWih", kWih}, {"optWwgi", kWwgi}};
 
+// The three questions share one topic; the matrix and the priority open theirs from the
+// picture as from the label.
+constexpr HelpLink kHelpTopics[] = {
+    HelpLink{"picProbabilitMatrix", 9}, HelpLink{"lblEssentMatrix", 9},
+    HelpLink{"lblEssentWIH", 10},       HelpLink{"lblEssentWWGI", 10},
+    HelpLink{"lblEssentWWIH", 10},      HelpLink{"picAdvPriority", 16},
+    HelpLink{"lblEssentPriority", 16},
+};
+
 }  // namespace
+
+std::span<const HelpLink> EssentialsTab::HelpTopics() const {
+  return kHelpTopics;
+}
 
 void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
