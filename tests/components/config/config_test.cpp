@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "config/ini_config.h"
 #include "config/local_file_system.h"
