@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPalette>
 #include <QTimer>
 #include <algorithm>
 #include <cctype>
@@ -225,6 +226,49 @@ QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t ibo
   return ShootPages(window, phases, folder, iboId);
 }
 
+// A dark desktop theme, as dark themes colour their windows.
+QPalette DarkPalette() {
+  const QColor window(45, 47, 51);
+  const QColor base(30, 31, 34);
+  const QColor text(232, 233, 235);
+  const QColor disabled(120, 122, 126);
+  QPalette dark(window);
+  dark.setColor(QPalette::WindowText, text);
+  dark.setColor(QPalette::Base, base);
+  dark.setColor(QPalette::AlternateBase, window);
+  dark.setColor(QPalette::Text, text);
+  dark.setColor(QPalette::Button, QColor(58, 61, 66));
+  dark.setColor(QPalette::ButtonText, text);
+  dark.setColor(QPalette::Highlight, QColor(61, 126, 210));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::ToolTipBase, base);
+  dark.setColor(QPalette::ToolTipText, text);
+  dark.setColor(QPalette::PlaceholderText, disabled);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    dark.setColor(QPalette::Disabled, role, disabled);
+  }
+  return dark;
+}
+
+// Every page of an expert IBO again on a dark desktop: the pictures take their colours from
+// the palette. A window of its own, so that no picture drawn light is reused.
+QStringList ShootDark(EditorEnvironment& environment, const QDir& folder, std::int32_t iboId) {
+  const QPalette light = QApplication::palette();
+  QApplication::setPalette(DarkPalette());
+  QStringList written;
+  {
+    HostWindow dark(environment);
+    dark.show();
+    Open(dark, iboId, pelkedit::view::kMain);
+    std::vector<TabShot> tabs = TabsOf(pelkedit::ExpertMainStrip());
+    for (TabShot& tab : tabs) tab.name = "dark-" + tab.name;
+    written << Save(dark, folder, iboId, "dark-window");
+    written << ShootPages(dark, tabs, folder, iboId);
+  }
+  QApplication::setPalette(light);
+  return written;
+}
+
 }  // namespace
 
 // The help viewer on the index and on a few topics, as a user opens them from the editor.
@@ -261,6 +305,7 @@ QStringList WriteScreenshots(HostWindow& window, EditorEnvironment& environment,
   // Every page of one expert and one basic IBO; the Sales Environment of every other expert
   // IBO, whose answers differ most from one to the next.
   if (!experts.empty()) written << ShootIbo(window, dir, experts.front(), pelkedit::view::kMain);
+  if (!experts.empty()) written << ShootDark(environment, dir, experts.front());
   if (basic) written << ShootIbo(window, dir, *basic, pelkedit::view::kMain);
   for (std::size_t i = 1; i < experts.size(); ++i) {
     written << ShootPhases(window, dir, experts[i]);

@@ -13,6 +13,7 @@ namespace pelkor::desktop {
 namespace {
 
 // Colours are stored as 0x00BBGGRR.
+constexpr std::int32_t kBlack = 0;
 QColor ColorOf(std::int32_t value) {
   const auto v = static_cast<std::uint32_t>(value);
   return QColor(static_cast<int>(v & 0xFF), static_cast<int>((v >> 8) & 0xFF),
@@ -23,7 +24,9 @@ QTextCharFormat CharFormatOf(const pelkedit::CharFormat& format) {
   QTextCharFormat result;
   result.setFontWeight(format.bold ? QFont::Bold : QFont::Normal);
   result.setFontItalic(format.emphasis);
-  result.setForeground(ColorOf(format.color));
+  // Black is the text's own colour: the palette's, so that advice stays legible on a dark
+  // desktop. Other colours (the red of an alert) are the advisor's.
+  if (format.color != kBlack) result.setForeground(ColorOf(format.color));
   return result;
 }
 

@@ -12,14 +12,14 @@ constexpr double kDotSpacing = 5;
 
 // A small raised button with three dots: "pick from the contact book".
 QPixmap DrawLookupButton() {
-  QPixmap pixmap = Blank(kLookupSize, kLookupSize, colors::kTabIdleTop);
+  QPixmap pixmap = Blank(kLookupSize, kLookupSize, colors::TabIdleTop());
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
-  p.setPen(QPen(colors::kTabBorder, 1));
-  p.setBrush(colors::kPanel);
+  p.setPen(QPen(colors::TabBorder(), 1));
+  p.setBrush(colors::Panel());
   p.drawRoundedRect(QRectF(0.5, 0.5, kLookupSize - 1, kLookupSize - 1), 3, 3);
   p.setPen(Qt::NoPen);
-  p.setBrush(colors::kInk);
+  p.setBrush(colors::Ink());
   const double centre = kLookupSize / 2.0;
   for (int i = 0; i < kDotCount; ++i) {
     p.drawEllipse(QPointF(centre + (i - 1) * kDotSpacing, centre + 2), kDotRadius, kDotRadius);

@@ -6,25 +6,36 @@
 #include <QString>
 #include <vector>
 
-// Shared by the picture painters: one light palette and font fitting.
+// Shared by the picture painters: their colours and font fitting.
 namespace pelkor::desktop::drawing {
 
+// The pictures' colours: the designed light ones on a light desktop; on a dark one, the same
+// roles taken from the palette, so that a dark theme stays legible.
 namespace colors {
-inline const QColor kPanel{243, 244, 246};
-inline const QColor kPanelBorder{176, 184, 194};
-inline const QColor kInk{31, 41, 55};
-inline const QColor kMutedInk{84, 96, 112};
-inline const QColor kTabIdleTop{228, 232, 237};
-inline const QColor kTabIdleBottom{214, 219, 226};
-inline const QColor kTabSelected{255, 255, 255};
-inline const QColor kTabBorder{150, 160, 173};
-inline const QColor kAccent{100, 135, 220};
-inline const QColor kDarkPanel{74, 79, 87};
-inline const QColor kDarkPanelBorder{46, 50, 56};
-inline const QColor kLightInk{246, 247, 249};
+bool DarkDesktop();
+QColor Panel();
+QColor PanelBorder();
+QColor Ink();
+QColor MutedInk();
+QColor TabIdleTop();
+QColor TabIdleBottom();
+QColor TabSelected();
+QColor TabBorder();
+QColor Accent();
+QColor DarkPanel();
+QColor DarkPanelBorder();
+QColor LightInk();
+// The plots' own: their background, grid lines, and the matrix cells from weak to strong.
+QColor PlotBackground();
+QColor GridLine();
+QColor CellLow();
+QColor CellHigh();
+// `a` moved towards `b` by `t` (0 to 1).
+QColor Mix(const QColor& a, const QColor& b, qreal t);
 }  // namespace colors
 
-// A pixmap of the given size, filled with `fill`, ready for painting.
+// A pixmap of the given size in logical pixels, filled with `fill`, ready for painting: drawn at
+// the screen's pixel density, so that it stays sharp on a scaled screen.
 QPixmap Blank(int width, int height, const QColor& fill);
 
 // The application's UI font at a pixel size.

@@ -18,19 +18,10 @@ constexpr int kTickBand = 11;  // height of the tick labels next to the grid
 constexpr int kMarkerSide = 36;
 constexpr int kMarkerLetterPixelSize = 24;
 
-const QColor kCellLow{233, 237, 242};
-const QColor kCellHigh{190, 211, 236};
-const QColor kCellBorder{198, 206, 216};
 const QColor kUserGrey{128, 128, 128};
 const QColor kAdvisorGrey{241, 241, 241};
 
 const char* const kTicks[kCells] = {"Low", "Medium", "High"};
-
-QColor Mix(const QColor& a, const QColor& b, qreal t) {
-  return QColor::fromRgbF(a.redF() + (b.redF() - a.redF()) * t,
-                          a.greenF() + (b.greenF() - a.greenF()) * t,
-                          a.blueF() + (b.blueF() - a.blueF()) * t);
-}
 
 void DrawCells(QPainter& p) {
   for (int column = 0; column < kCells; ++column) {
@@ -39,8 +30,8 @@ void DrawCells(QPainter& p) {
       const qreal strength = (column + row) / qreal(2 * (kCells - 1));
       const QRectF cell(kGridLeft + kPitch * column + 0.5,
                         kGridTop + kPitch * (kCells - 1 - row) + 0.5, kCell - 1, kCell - 1);
-      p.setPen(QPen(kCellBorder, 1));
-      p.setBrush(Mix(kCellLow, kCellHigh, strength));
+      p.setPen(QPen(colors::Mix(colors::CellLow(), colors::PanelBorder(), 0.5), 1));
+      p.setBrush(colors::Mix(colors::CellLow(), colors::CellHigh(), strength));
       p.drawRoundedRect(cell, 3, 3);
     }
   }
@@ -48,7 +39,7 @@ void DrawCells(QPainter& p) {
 
 void DrawAxes(QPainter& p) {
   const int gridBottom = kGridTop + kPitch * kCells;
-  p.setPen(colors::kMutedInk);
+  p.setPen(colors::MutedInk());
   p.setFont(UiFont(kTickPixelSize));
   for (int i = 0; i < kCells; ++i) {
     // Across: under each column. Up: beside each row, written upwards.
@@ -60,7 +51,7 @@ void DrawAxes(QPainter& p) {
     p.drawText(QRect(0, 0, kPitch, kTickBand), Qt::AlignCenter, kTicks[i]);
     p.restore();
   }
-  p.setPen(colors::kInk);
+  p.setPen(colors::Ink());
   p.setFont(UiFont(kAxisPixelSize, true));
   p.drawText(QRect(kGridLeft, gridBottom + kTickBand, kPitch * kCells,
                    kMatrixSide - gridBottom - kTickBand),
@@ -76,7 +67,7 @@ void DrawAxes(QPainter& p) {
 }  // namespace
 
 QPixmap DrawMatrix() {
-  QPixmap pixmap = Blank(kMatrixSide, kMatrixSide, colors::kPanel);
+  QPixmap pixmap = Blank(kMatrixSide, kMatrixSide, colors::Panel());
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
   p.setRenderHint(QPainter::TextAntialiasing);

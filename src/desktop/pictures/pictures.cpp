@@ -17,7 +17,9 @@ constexpr int kCondensedStretch = QFont::SemiCondensed;
 }  // namespace
 
 QPixmap Blank(int width, int height, const QColor& fill) {
-  QPixmap pixmap(width, height);
+  const qreal density = qGuiApp != nullptr ? qGuiApp->devicePixelRatio() : 1.0;
+  QPixmap pixmap(QSize(width, height) * density);
+  pixmap.setDevicePixelRatio(density);
   pixmap.fill(fill);
   return pixmap;
 }

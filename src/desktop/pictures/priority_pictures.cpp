@@ -37,15 +37,14 @@ QString PriorityText(int priority) {
 }
 
 QPixmap DrawPriority(int priority, bool advisor) {
-  QPixmap pixmap(kSide, kSide);
-  pixmap.fill(Qt::transparent);
+  QPixmap pixmap = Blank(kSide, kSide, Qt::transparent);
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
   p.setRenderHint(QPainter::TextAntialiasing);
 
-  const QColor panel = advisor ? colors::kDarkPanel : colors::kPanel;
-  const QColor border = advisor ? colors::kDarkPanelBorder : colors::kPanelBorder;
-  const QColor ink = advisor ? colors::kLightInk : colors::kInk;
+  const QColor panel = advisor ? colors::DarkPanel() : colors::Panel();
+  const QColor border = advisor ? colors::DarkPanelBorder() : colors::PanelBorder();
+  const QColor ink = advisor ? colors::LightInk() : colors::Ink();
   const QRectF frame(0.5, 0.5, kSide - 1, kSide - 1);
   p.setPen(QPen(border, 1));
   p.setBrush(panel);
@@ -53,10 +52,10 @@ QPixmap DrawPriority(int priority, bool advisor) {
 
   // A small caption names whose view it is; the priority itself fills the rest.
   p.setFont(UiFont(kCaptionPixelSize));
-  p.setPen(advisor ? colors::kLightInk : colors::kMutedInk);
+  p.setPen(advisor ? colors::LightInk() : colors::MutedInk());
   const QRect caption(kMargin, kMargin / 2, kSide - 2 * kMargin, kCaptionHeight);
   p.drawText(caption, Qt::AlignCenter, advisor ? "Advisor's view" : "Your view");
-  p.setPen(QPen(advisor ? colors::kDarkPanelBorder : colors::kPanelBorder, 1));
+  p.setPen(QPen(advisor ? colors::DarkPanelBorder() : colors::PanelBorder(), 1));
   p.drawLine(QPointF(kMargin, caption.bottom() + 2.5),
              QPointF(kSide - kMargin, caption.bottom() + 2.5));
 

@@ -24,11 +24,10 @@ constexpr int kCurveSteps = 244;
 // Steepness of the s-shaped progress curve.
 constexpr double kSteepness = 9.0;
 
-const QColor kPlotBackground{255, 255, 255};
-const QColor kGridLine{222, 227, 234};
-const QColor kCurveFillTop{100, 135, 220, 90};
-const QColor kCurveFillBottom{100, 135, 220, 15};
-const QColor kCurveLine{52, 84, 160};
+// The curve's fill fades from this opacity at the top to the next at the baseline.
+constexpr int kCurveFillTopAlpha = 90;
+constexpr int kCurveFillBottomAlpha = 15;
+constexpr int kLineShade = 165;
 
 const char* const kPhases[] = {"Probe", "Prove", "Close"};
 constexpr int kPhaseCount = 3;
@@ -52,13 +51,13 @@ QPointF CurvePoint(double t) {
 }  // namespace
 
 QPixmap DrawSalesCycle() {
-  QPixmap pixmap = Blank(kWidth, kHeight, colors::kPanel);
+  QPixmap pixmap = Blank(kWidth, kHeight, colors::Panel());
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
   p.setRenderHint(QPainter::TextAntialiasing);
 
-  p.setPen(QPen(colors::kPanelBorder, 1));
-  p.setBrush(kPlotBackground);
+  p.setPen(QPen(colors::PanelBorder(), 1));
+  p.setBrush(colors::PlotBackground());
   p.drawRect(QRectF(0.5, kPlotTop + 0.5, kWidth - 1, kPlotBottom - kPlotTop));
 
   // Phase bands: a divider and a caption for each phase of the cycle.
@@ -68,11 +67,11 @@ QPixmap DrawSalesCycle() {
     const double left = kCycleLeft + cycleWidth * kPhaseStarts[i];
     const double phaseWidth = cycleWidth * (kPhaseStarts[i + 1] - kPhaseStarts[i]);
     if (i > 0) {
-      p.setPen(QPen(kGridLine, 1, Qt::DashLine));
+      p.setPen(QPen(colors::GridLine(), 1, Qt::DashLine));
       p.drawLine(QPointF(std::round(left) + 0.5, kPlotTop + 1),
                  QPointF(std::round(left) + 0.5, kBaseline));
     }
-    p.setPen(colors::kMutedInk);
+    p.setPen(colors::MutedInk());
     p.drawText(QRectF(left, 0, phaseWidth, kPlotTop), Qt::AlignCenter, kPhases[i]);
   }
 
@@ -88,15 +87,22 @@ QPixmap DrawSalesCycle() {
   area.lineTo(kCycleRight, kBaseline);
   area.closeSubpath();
   QLinearGradient gradient(0, kCurveTop, 0, kBaseline);
-  gradient.setColorAt(0, kCurveFillTop);
-  gradient.setColorAt(1, kCurveFillBottom);
+  QColor fillTop = colors::Accent();
+  fillTop.setAlpha(kCurveFillTopAlpha);
+  QColor fillBottom = colors::Accent();
+  fillBottom.setAlpha(kCurveFillBottomAlpha);
+  gradient.setColorAt(0, fillTop);
+  gradient.setColorAt(1, fillBottom);
   p.fillPath(area, gradient);
-  p.setPen(QPen(kCurveLine, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  // The line a shade deeper than its fill on a light plot, lighter on a dark one.
+  const QColor line =
+      colors::DarkDesktop() ? colors::Accent() : colors::Accent().darker(kLineShade);
+  p.setPen(QPen(line, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   p.setBrush(Qt::NoBrush);
   p.drawPath(curve);
 
   // Base line with a tick at the start, at each phase boundary and at the end.
-  p.setPen(QPen(colors::kMutedInk, 1));
+  p.setPen(QPen(colors::MutedInk(), 1));
   p.drawLine(QPointF(kCycleLeft, kBaseline + 0.5), QPointF(kCycleRight, kBaseline + 0.5));
   for (int i = 0; i <= kPhaseCount; ++i) {
     const double x = std::round(kCycleLeft + cycleWidth * kPhaseStarts[i]) + 0.5;
@@ -106,10 +112,10 @@ QPixmap DrawSalesCycle() {
 }
 
 QPixmap DrawCycleMarker() {
-  QPixmap pixmap = Blank(kMarkerWidth, kMarkerHeight, colors::kAccent);
+  QPixmap pixmap = Blank(kMarkerWidth, kMarkerHeight, colors::Accent());
   QPainter p(&pixmap);
   // A lighter core gives the bar a little depth without changing its colour.
-  p.fillRect(QRect(2, 0, kMarkerWidth - 4, kMarkerHeight), colors::kAccent.lighter(112));
+  p.fillRect(QRect(2, 0, kMarkerWidth - 4, kMarkerHeight), colors::Accent().lighter(112));
   return pixmap;
 }
 

@@ -33,23 +33,23 @@ void DrawTab(QPainter& p, const TabBand& tab, int height, bool selected) {
   QPainterPath fill = path;
   fill.closeSubpath();
   if (selected) {
-    p.fillPath(fill, colors::kTabSelected);
+    p.fillPath(fill, colors::TabSelected());
   } else {
     QLinearGradient gradient(0, top, 0, height);
-    gradient.setColorAt(0, colors::kTabIdleTop);
-    gradient.setColorAt(1, colors::kTabIdleBottom);
+    gradient.setColorAt(0, colors::TabIdleTop());
+    gradient.setColorAt(1, colors::TabIdleBottom());
     p.fillPath(fill, gradient);
   }
-  p.setPen(QPen(colors::kTabBorder, 1));
+  p.setPen(QPen(colors::TabBorder(), 1));
   p.drawPath(path);
   if (selected) {
     // An accent line along the top marks the current tab.
-    p.setPen(QPen(colors::kAccent, 2, Qt::SolidLine, Qt::FlatCap));
+    p.setPen(QPen(colors::Accent(), 2, Qt::SolidLine, Qt::FlatCap));
     p.drawLine(QPointF(tab.first + kCornerRadius, 1.0), QPointF(tab.last - kCornerRadius + 1, 1.0));
   }
   const int textWidth = tab.last - tab.first + 1 - kCaptionPadding;
   p.setFont(FitFont(tab.caption, textWidth, kCaptionPixelSize, kCaptionMinPixelSize, selected));
-  p.setPen(selected ? colors::kInk : colors::kMutedInk);
+  p.setPen(selected ? colors::Ink() : colors::MutedInk());
   const QRect textRect(tab.first, static_cast<int>(top) + 1, tab.last - tab.first + 1,
                        height - static_cast<int>(top) - 1);
   p.drawText(textRect, Qt::AlignCenter, tab.caption);
@@ -58,12 +58,12 @@ void DrawTab(QPainter& p, const TabBand& tab, int height, bool selected) {
 }  // namespace
 
 QPixmap DrawTabStrip(const std::vector<TabBand>& tabs, int width, int height, int selected) {
-  QPixmap pixmap = Blank(width, height, colors::kPanel);
+  QPixmap pixmap = Blank(width, height, colors::Panel());
   QPainter p(&pixmap);
   p.setRenderHint(QPainter::Antialiasing);
   p.setRenderHint(QPainter::TextAntialiasing);
   // The base line under the idle tabs; the raised tab opens it.
-  p.setPen(QPen(colors::kTabBorder, 1));
+  p.setPen(QPen(colors::TabBorder(), 1));
   p.drawLine(QPointF(0, height - 0.5), QPointF(width, height - 0.5));
   for (std::size_t i = 0; i < tabs.size(); ++i) {
     if (static_cast<int>(i) != selected) DrawTab(p, tabs[i], height, false);

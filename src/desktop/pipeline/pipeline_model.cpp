@@ -202,8 +202,8 @@ QVariant PipelineModel::data(const QModelIndex& index, int role) const {
       return role == Qt::AccessibleTextRole ? Display(*deal, column) : QVariant();
     case Qt::BackgroundRole:
       // In the colours of the editor's priority pictures: yours light, the advisor's dark.
-      if (column == kPriority) return QBrush(drawing::colors::kPanel);
-      if (column == kAdvisorPriority) return QBrush(drawing::colors::kDarkPanel);
+      if (column == kPriority) return QBrush(drawing::colors::Panel());
+      if (column == kAdvisorPriority) return QBrush(drawing::colors::DarkPanel());
       return {};
     case Qt::TextAlignmentRole:
       if (column == kValue || column == kNumber) return int(Qt::AlignRight | Qt::AlignVCenter);
@@ -211,8 +211,8 @@ QVariant PipelineModel::data(const QModelIndex& index, int role) const {
       return int(Qt::AlignLeft | Qt::AlignVCenter);
     case Qt::ForegroundRole:
       if (column == kWwihDate && Overdue(*deal, today_)) return QBrush(kOverdueInk);
-      if (column == kPriority) return QBrush(drawing::colors::kInk);
-      if (column == kAdvisorPriority) return QBrush(drawing::colors::kLightInk);
+      if (column == kPriority) return QBrush(drawing::colors::Ink());
+      if (column == kAdvisorPriority) return QBrush(drawing::colors::LightInk());
       return {};
     case Qt::FontRole:
       if (column == kWwihDate && Overdue(*deal, today_)) {
