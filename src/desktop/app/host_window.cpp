@@ -215,7 +215,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   if (!loaded) return false;
   auto* form = new QWidget;
   form->setObjectName("frmIboEdit");
-  form->setMinimumSize(kFormWidth, kFormHeight);
+  form->setMinimumSize(QSize(kFormWidth, kFormHeight) * FormZoom());
   form->installEventFilter(this);
   auto* binder = new Binder(component->Widgets(), form, FormOptions(platform_));
   binder->setObjectName("binder");
@@ -247,7 +247,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
 void HostWindow::ShowNothingOpen() {
   auto* empty = new QWidget;
   empty->setObjectName("frmNoIbo");
-  empty->setMinimumSize(kFormWidth, kFormHeight);
+  empty->setMinimumSize(QSize(kFormWidth, kFormHeight) * FormZoom());
   auto* text = new QLabel(tr("No IBO is open."), empty);
   auto* open = new QPushButton(tr("&Open IBO from the Pipeline..."), empty);
   connect(open, &QPushButton::clicked, this, &HostWindow::ChooseIbo);
@@ -261,7 +261,7 @@ void HostWindow::ShowNothingOpen() {
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == form_ && event->type() == QEvent::Resize && binder_) {
-    binder_->SetExtraRoom(form_->size() - QSize(kFormWidth, kFormHeight));
+    binder_->SetExtraRoom(form_->size() - QSize(kFormWidth, kFormHeight) * FormZoom());
   }
   return QMainWindow::eventFilter(watched, event);
 }

@@ -135,6 +135,7 @@ Binder::Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions 
     bindings_.push_back({model, nullptr, nullptr});
   }
   unmade_ = bindings_.size();
+  zoom_ = FormZoom();
   ChooseKeys();
   std::weak_ptr<Binder*> weak = self_;
   for (Binding& binding : bindings_) {

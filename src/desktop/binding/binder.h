@@ -121,6 +121,8 @@ class Binder : public QObject {
   Binding* Find(const QWidget* widget);
   const QPixmap& PictureOf(int id);
 
+  // The form's zoom for the desktop's font (FormZoom()), fixed when the form is made.
+  qreal zoom_ = 1;
   pelkedit::WidgetRegistry& registry_;
   QPointer<QWidget> form_;
   BinderOptions options_;

@@ -60,8 +60,9 @@ QString ToWidgetText(const std::string& text) {
   return QString::fromStdString(text).replace("\r\n", "\n");
 }
 
-int Pixels(float value, bool inPixels) {
-  return static_cast<int>(std::lround(inPixels ? value : value / pelkedit::kTwipsPerPixel));
+int Pixels(float value, bool inPixels, qreal zoom) {
+  return static_cast<int>(
+      std::lround((inPixels ? value : value / pelkedit::kTwipsPerPixel) * zoom));
 }
 
 // UTF-16 offset of a character position (positions in the models count code points).
@@ -126,8 +127,8 @@ void Binder::Apply(Binding& binding, const std::string& property) {
 void Binder::ApplyGeometry(Binding& binding) {
   const pelkedit::Widget& m = *binding.model;
   const bool inPixels = m.PositionedInPixels();
-  QRect rect(Pixels(m.Left(), inPixels), Pixels(m.Top(), inPixels), Pixels(m.Width(), inPixels),
-             Pixels(m.Height(), inPixels));
+  QRect rect(Pixels(m.Left(), inPixels, zoom_), Pixels(m.Top(), inPixels, zoom_),
+             Pixels(m.Width(), inPixels, zoom_), Pixels(m.Height(), inPixels, zoom_));
   namespace anchor = pelkedit::anchor;
   const int how = m.Anchors();
   if (how & anchor::kFollowRight) rect.translate(extra_.width(), 0);

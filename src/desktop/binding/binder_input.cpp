@@ -215,8 +215,9 @@ bool Binder::MouseEvent(Binding& binding, QEvent* event) {
   const auto* mouse = static_cast<QMouseEvent*>(event);
   const int button = ButtonCode(mouse->button());
   const int shift = ShiftCode(mouse->modifiers());
-  const auto x = static_cast<float>(mouse->position().x());
-  const auto y = static_cast<float>(mouse->position().y());
+  // The models measure in the design's pixels.
+  const auto x = static_cast<float>(mouse->position().x() / zoom_);
+  const auto y = static_cast<float>(mouse->position().y() / zoom_);
   pelkedit::Widget* model = binding.model;
   const bool isButton = model->Kind() == WidgetKind::kButton;
   if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {

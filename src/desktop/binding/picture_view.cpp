@@ -4,6 +4,8 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
+#include "pictures/pictures.h"
+
 namespace pelkor::desktop {
 
 void PictureView::SetPixmap(const QPixmap& pixmap) {
@@ -30,7 +32,9 @@ void PictureView::paintEvent(QPaintEvent*) {
   const QPixmap& pixmap = Pixmap();
   if (pixmap.isNull()) return;
   QPainter painter(this);
-  painter.drawPixmap(0, 0, pixmap);
+  // The picture's design size, zoomed as the form is.
+  painter.drawPixmap(QRect(QPoint(0, 0), pixmap.deviceIndependentSize().toSize() * FormZoom()),
+                     pixmap);
   if (!hasFocus()) return;
   // A picture that is a Tab stop (a look-up button) shows where the keyboard is, as buttons do.
   QStyleOptionFocusRect focus;

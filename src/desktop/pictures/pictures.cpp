@@ -16,8 +16,9 @@ namespace {
 constexpr int kCondensedStretch = QFont::SemiCondensed;
 }  // namespace
 
+// Painted in the design's pixels, drawn at the zoomed form's screen density.
 QPixmap Blank(int width, int height, const QColor& fill) {
-  const qreal density = qGuiApp != nullptr ? qGuiApp->devicePixelRatio() : 1.0;
+  const qreal density = (qGuiApp != nullptr ? qGuiApp->devicePixelRatio() : 1.0) * FormZoom();
   QPixmap pixmap(QSize(width, height) * density);
   pixmap.setDevicePixelRatio(density);
   pixmap.fill(fill);
@@ -48,6 +49,9 @@ QFont FitFont(const QString& text, int width, int pixelSize, int minPixelSize, b
 
 namespace {
 
+// The line height of the font the form was designed with (9-point DejaVu Sans at 96 dpi).
+constexpr qreal kDesignLineHeight = 14;
+
 // The strip a picture number belongs to, or nullptr.
 const pelkedit::TabStrip* StripOf(int id) {
   for (const pelkedit::TabStrip* strip :
@@ -70,6 +74,10 @@ bool InRange(int id, int first, int count) {
 }
 
 }  // namespace
+
+qreal FormZoom() {
+  return std::max<qreal>(1.0, QFontMetricsF(QGuiApplication::font()).height() / kDesignLineHeight);
+}
 
 QPixmap DrawPicture(int id) {
   using namespace picture;

@@ -21,6 +21,11 @@ inline constexpr int kCycleMarker = 206;
 inline constexpr int kLookupButton = 207;
 }  // namespace picture
 
+// How much larger than its design the form is laid out: the desktop font's line height over
+// the one the form was designed with, never below 1. A larger font gets a larger form, so that
+// every caption keeps its room.
+qreal FormZoom();
+
 // Draws the picture of a resource number; a null pixmap for 0 or an unknown number.
 QPixmap DrawPicture(int resourceId);
 

@@ -6,6 +6,8 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "pictures/pictures.h"
+
 namespace pelkor::desktop {
 
 namespace {
@@ -16,7 +18,7 @@ constexpr int kTitleBarAllowance = 140;
 // The dialog's own area, of the size its model was designed for.
 QWidget* MakeContent(const pelkedit::ModalDialog& model, QWidget* parent) {
   auto* content = new QWidget(parent);
-  content->setFixedSize(model.WidthPixels(), model.HeightPixels());
+  content->setFixedSize(QSize(model.WidthPixels(), model.HeightPixels()) * FormZoom());
   return content;
 }
 
@@ -33,9 +35,10 @@ ModalWindow::ModalWindow(pelkedit::ModalDialog& model, const BinderOptions& opti
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   // Wide enough for the whole title; the design stays centred in the window.
   const QFont titleFont = QApplication::font("QMdiSubWindowTitleBar");
-  const int width = std::max(model.WidthPixels(),
+  const QSize design = QSize(model.WidthPixels(), model.HeightPixels()) * FormZoom();
+  const int width = std::max(design.width(),
                              QFontMetrics(titleFont).horizontalAdvance(title) + kTitleBarAllowance);
-  setFixedSize(width, model.HeightPixels());
+  setFixedSize(width, design.height());
   auto* layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(qobject_cast<QWidget*>(binder_->parent()), 0, Qt::AlignCenter);

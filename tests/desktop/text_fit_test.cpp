@@ -1,0 +1,134 @@
+// Every caption the form shows fits its widget: labels, buttons and options on every page, at the
+// screen scale the test runs with (QT_SCALE_FACTOR: 1, 1.5, 2) and with the desktop's default
+// font and a 14-point one.
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+#include <QtTest>
+
+#include "app/window_keys.h"
+#include "control/tab_strips.h"
+#include "host_fixture.h"
+
+using namespace host_fixture;
+namespace tab = pelkedit::tab;
+
+namespace {
+
+constexpr int kLargeFontPoints = 14;
+
+// The room a widget gives its caption's text, and the text's own size.
+struct Fit {
+  QSize room;
+  QSize needed;
+};
+
+QString Shown(QString text) {
+  // A mnemonic mark takes no room.
+  return text.remove(QRegularExpression("&(?!&)"));
+}
+
+Fit FitOf(QWidget* widget) {
+  const QFontMetrics metrics(widget->font());
+  if (auto* label = qobject_cast<QLabel*>(widget)) {
+    const QRect room = label->contentsRect();
+    if (label->wordWrap()) {
+      const QRect needed = metrics.boundingRect(room, Qt::TextWordWrap, Shown(label->text()));
+      return {room.size(), needed.size()};
+    }
+    return {room.size(), metrics.size(Qt::TextSingleLine, Shown(label->text()))};
+  }
+  // The part of a button the style draws its text in: past an option's indicator, inside a
+  // push button's frame.
+  auto* button = qobject_cast<QAbstractButton*>(widget);
+  const QSize text = metrics.size(Qt::TextShowMnemonic, button->text());
+  QStyleOptionButton option;
+  option.initFrom(button);
+  const bool optionLike =
+      qobject_cast<QRadioButton*>(button) != nullptr || qobject_cast<QCheckBox*>(button) != nullptr;
+  const QRect contents = button->style()->subElementRect(
+      optionLike ? QStyle::SE_RadioButtonContents : QStyle::SE_PushButtonContents, &option, button);
+  return {contents.size(), text};
+}
+
+QStringList CutTexts(HostWindow& window, const QString& page) {
+  QStringList cut;
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    // The calendar's own month and year buttons are Qt's to lay out.
+    if (!widget->isVisible() || widget->objectName().startsWith("qt_")) continue;
+    const bool captioned = qobject_cast<QLabel*>(widget) != nullptr ||
+                           qobject_cast<QAbstractButton*>(widget) != nullptr;
+    if (!captioned) continue;
+    if (auto* label = qobject_cast<QLabel*>(widget); label != nullptr && label->text().isEmpty()) {
+      continue;
+    }
+    if (auto* button = qobject_cast<QAbstractButton*>(widget);
+        button != nullptr && button->text().isEmpty()) {
+      continue;
+    }
+    const Fit fit = FitOf(widget);
+    if (fit.needed.width() > fit.room.width() || fit.needed.height() > fit.room.height()) {
+      const auto* label = qobject_cast<QLabel*>(widget);
+      const QString text =
+          label != nullptr ? label->text() : qobject_cast<QAbstractButton*>(widget)->text();
+      cut << QString("%1: %2 \"%3\" needs %4x%5, has %6x%7")
+                 .arg(page, widget->objectName(), text)
+                 .arg(fit.needed.width())
+                 .arg(fit.needed.height())
+                 .arg(fit.room.width())
+                 .arg(fit.room.height());
+    }
+  }
+  return cut;
+}
+
+QStringList CutOnEveryPage(HostWindow& window) {
+  QStringList cut;
+  for (int main = 0; main < tab::kMainCount; ++main) {
+    if (window.Component()->State().mainTab == tab::kSalesEnvironment) {
+      for (int phase = 0; phase < tab::kPhaseCount; ++phase) {
+        cut << CutTexts(window, QString("phase %1").arg(window.Component()->State().sEnvTab));
+        pelkor::desktop::StepPhase(window, 1);
+      }
+    } else {
+      cut << CutTexts(window, QString("tab %1").arg(window.Component()->State().mainTab));
+    }
+    pelkor::desktop::StepMainTab(window, 1);
+  }
+  return cut;
+}
+
+}  // namespace
+
+class TextFitTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void everyCaptionFitsWithTheDefaultFont() {
+    Host host;
+    QVERIFY(host.Open(kExpertIbo));
+    const QStringList cut = CutOnEveryPage(*host.window);
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join("\n")));
+  }
+
+  void everyCaptionFitsWithAFourteenPointFont() {
+    const QFont standard = QApplication::font();
+    QFont large = standard;
+    large.setPointSize(kLargeFontPoints);
+    QApplication::setFont(large);
+    QStringList cut;
+    {
+      Host host;
+      QVERIFY(host.Open(kExpertIbo));
+      cut = CutOnEveryPage(*host.window);
+    }
+    QApplication::setFont(standard);
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join("\n")));
+  }
+};
+
+QTEST_MAIN(TextFitTest)
+#include "text_fit_test.moc"
