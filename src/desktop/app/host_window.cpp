@@ -71,6 +71,15 @@ BinderOptions FormOptions(QtPlatform& platform) {
   return options;
 }
 
+// The editor's form: its strips say what its pages declare.
+BinderOptions EditorOptions(QtPlatform& platform, const pelkedit::PelkIboEdit& component) {
+  BinderOptions options = FormOptions(platform);
+  options.tabCaptions = [&component](const pelkedit::TabStrip& strip, std::int32_t tab) {
+    return QString::fromStdString(component.TabCaption(strip, tab));
+  };
+  return options;
+}
+
 // Tab moves through the form in the order the component lays its widgets out; a look-up
 // button comes right after the name it looks up.
 void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
@@ -217,7 +226,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   form->setObjectName("frmIboEdit");
   form->setMinimumSize(QSize(kFormWidth, kFormHeight) * FormZoom());
   form->installEventFilter(this);
-  auto* binder = new Binder(component->Widgets(), form, FormOptions(platform_));
+  auto* binder = new Binder(component->Widgets(), form, EditorOptions(platform_, *component));
   binder->setObjectName("binder");
   SetTabOrder(component->Widgets(), *binder);
   connect(binder, &Binder::userActionHandled, this, &HostWindow::AfterUserAction);

@@ -52,17 +52,20 @@ std::string FileName(const std::string& caption) {
   return name;
 }
 
-// Every tab the strip shows, each Sales Environment phase on its own.
-std::vector<TabShot> TabsOf(const pelkedit::TabStrip& strip) {
+// Every tab the strip shows, each Sales Environment phase on its own, named by its page.
+std::vector<TabShot> TabsOf(const pelkedit::PelkIboEdit& component,
+                            const pelkedit::TabStrip& strip) {
   std::vector<TabShot> shots;
   for (const pelkedit::TabBand& band : strip.bands) {
     if (band.tab != pelkedit::tab::kSalesEnvironment) {
-      shots.push_back({FileName(band.caption), Centre(band), std::nullopt});
+      shots.push_back(
+          {FileName(component.TabCaption(strip, band.tab)), Centre(band), std::nullopt});
       continue;
     }
     for (const pelkedit::TabBand& phase : pelkedit::PhaseStrip().bands) {
-      shots.push_back({FileName(std::string(band.caption) + " " + phase.caption), Centre(band),
-                       Centre(phase), phase.tab});
+      shots.push_back({FileName(component.TabCaption(strip, band.tab) + " " +
+                                component.TabCaption(pelkedit::PhaseStrip(), phase.tab)),
+                       Centre(band), Centre(phase), phase.tab});
     }
   }
   return shots;
@@ -212,15 +215,17 @@ QStringList ShootTabs(HostWindow& window, const std::vector<TabShot>& tabs, cons
 QStringList ShootIbo(HostWindow& window, const QDir& folder, std::int32_t iboId,
                      std::int32_t view) {
   Open(window, iboId, view);
-  return ShootTabs(window, TabsOf(pelkedit::MainStrip(window.Component()->State().expertView)),
-                   folder, iboId);
+  return ShootTabs(
+      window,
+      TabsOf(*window.Component(), pelkedit::MainStrip(window.Component()->State().expertView)),
+      folder, iboId);
 }
 
 // The Sales Environment's phases of one expert IBO.
 QStringList ShootPhases(HostWindow& window, const QDir& folder, std::int32_t iboId) {
   Open(window, iboId, pelkedit::view::kMain);
   std::vector<TabShot> phases;
-  for (const TabShot& tab : TabsOf(pelkedit::ExpertMainStrip())) {
+  for (const TabShot& tab : TabsOf(*window.Component(), pelkedit::ExpertMainStrip())) {
     if (tab.phaseX) phases.push_back(tab);
   }
   return ShootPages(window, phases, folder, iboId);
@@ -260,7 +265,7 @@ QStringList ShootDark(EditorEnvironment& environment, const QDir& folder, std::i
     HostWindow dark(environment);
     dark.show();
     Open(dark, iboId, pelkedit::view::kMain);
-    std::vector<TabShot> tabs = TabsOf(pelkedit::ExpertMainStrip());
+    std::vector<TabShot> tabs = TabsOf(*dark.Component(), pelkedit::ExpertMainStrip());
     for (TabShot& tab : tabs) tab.name = "dark-" + tab.name;
     written << Save(dark, folder, iboId, "dark-window");
     written << ShootPages(dark, tabs, folder, iboId);

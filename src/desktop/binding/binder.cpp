@@ -280,7 +280,8 @@ void Binder::ReportError(const std::exception& error) {
 
 const QPixmap& Binder::PictureOf(int id) {
   auto it = pictures_.find(id);
-  if (it == pictures_.end()) it = pictures_.emplace(id, DrawPicture(id)).first;
+  if (it == pictures_.end())
+    it = pictures_.emplace(id, DrawPicture(id, options_.tabCaptions)).first;
   return it->second;
 }
 

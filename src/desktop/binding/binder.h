@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "pictures/pictures.h"
 #include "widgets/controls.h"
 #include "widgets/widget_registry.h"
 
@@ -33,6 +34,8 @@ struct BinderOptions {
   // Pictures that open a text box's look-up ("..."), by the box's name: the picture is a Tab
   // stop after the box that Space or Enter presses, and F4 or Alt+Down in the box presses it.
   std::map<std::string, std::string> lookups;
+  // What the tab strips' tabs say: their pages' captions.
+  TabCaptions tabCaptions;
   // The first sentence of a help topic (empty when there is none): a question's label's topic
   // describes the question's input to a screen reader when the input has no tooltip.
   std::function<QString(int mapId)> helpSentence;

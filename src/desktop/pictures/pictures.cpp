@@ -61,10 +61,10 @@ const pelkedit::TabStrip* StripOf(int id) {
   return nullptr;
 }
 
-QPixmap DrawStrip(const pelkedit::TabStrip& strip, int selected) {
+QPixmap DrawStrip(const pelkedit::TabStrip& strip, int selected, const TabCaptions& captions) {
   std::vector<drawing::TabBand> bands;
   for (const pelkedit::TabBand& band : strip.bands) {
-    bands.push_back({QString::fromUtf8(band.caption), band.first, band.last});
+    bands.push_back({captions ? captions(strip, band.tab) : QString(), band.first, band.last});
   }
   return drawing::DrawTabStrip(bands, strip.widthPixels, strip.heightPixels, selected);
 }
@@ -79,13 +79,13 @@ qreal FormZoom() {
   return std::max<qreal>(1.0, QFontMetricsF(QGuiApplication::font()).height() / kDesignLineHeight);
 }
 
-QPixmap DrawPicture(int id) {
+QPixmap DrawPicture(int id, const TabCaptions& captions) {
   using namespace picture;
   using pelkedit::picture::kAdvisorPriorityFirst;
   using pelkedit::picture::kPriorityCount;
   using pelkedit::picture::kUserPriorityFirst;
   if (const pelkedit::TabStrip* strip = StripOf(id))
-    return DrawStrip(*strip, id - strip->firstPicture);
+    return DrawStrip(*strip, id - strip->firstPicture, captions);
   if (InRange(id, kUserPriorityFirst, kPriorityCount)) {
     return drawing::DrawPriority(id - kUserPriorityFirst + 1, false);
   }

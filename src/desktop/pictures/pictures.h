@@ -1,7 +1,12 @@
 #pragma once
 
 #include <QPixmap>
+#include <QString>
+#include <cstdint>
+#include <functional>
+
 #include <QSize>
+#include "control/tab_strips.h"
 
 namespace pelkor::desktop {
 
@@ -26,7 +31,11 @@ inline constexpr int kLookupButton = 207;
 // every caption keeps its room.
 qreal FormZoom();
 
-// Draws the picture of a resource number; a null pixmap for 0 or an unknown number.
-QPixmap DrawPicture(int resourceId);
+// What a tab of a strip says: its page's caption.
+using TabCaptions = std::function<QString(const pelkedit::TabStrip& strip, std::int32_t tab)>;
+
+// Draws the picture of a resource number; a null pixmap for 0 or an unknown number. A strip's
+// tabs say what `captions` gives them (nothing without it).
+QPixmap DrawPicture(int resourceId, const TabCaptions& captions = {});
 
 }  // namespace pelkor::desktop

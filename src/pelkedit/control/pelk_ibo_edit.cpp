@@ -198,6 +198,15 @@ WidgetRegistry& PelkIboEdit::Widgets() {
 const EditorState& PelkIboEdit::State() const {
   return ctx_->state;
 }
+std::string PelkIboEdit::TabCaption(const TabStrip& strip, std::int32_t tab) const {
+  const bool phase = &strip == &PhaseStrip();
+  for (const auto& page : ctx_->pages) {
+    const TabPlace place = page->Place();
+    if (phase && place.phase == tab) return page->Caption().phase;
+    if (!phase && place.mainTab == tab) return page->Caption().tab;
+  }
+  return {};
+}
 std::shared_ptr<IRecord> PelkIboEdit::Record() const {
   return ctx_->record;
 }

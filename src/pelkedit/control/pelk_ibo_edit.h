@@ -8,6 +8,7 @@
 #include "contracts/record.h"
 #include "control/editor_events.h"
 #include "control/editor_state.h"
+#include "control/tab_strips.h"
 #include "values/variant.h"
 #include "widgets/widget_registry.h"
 
@@ -70,6 +71,8 @@ class PelkIboEdit {
   // For hosts that draw the component and for observation.
   WidgetRegistry& Widgets();
   const EditorState& State() const;
+  // The caption of a tab of a strip, as its page declares it ("Sales Advisor", "Probe").
+  std::string TabCaption(const TabStrip& strip, std::int32_t tab) const;
   // A state field by its name (IboChanged, MainTab, ...); nullopt for an unknown name.
   std::optional<Variant> StateByName(const std::string& name) const;
   // The collaborators the component holds now (null when one could not be created).

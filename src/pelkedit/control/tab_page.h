@@ -22,6 +22,12 @@ struct HelpLink {
   std::int32_t mapId;
 };
 
+// What a page's tab says, and on the Sales Environment, what its phase's tab says.
+struct PageCaption {
+  const char* tab;
+  const char* phase = nullptr;
+};
+
 // One page of the editor: Essentials, Sales Advisor, a Sales Environment phase, IBO Info or
 // IBO Note. The editor holds its pages in one ordered list (the order a load fills them) and
 // walks it at every moment below; a page reacts to the moments it cares about.
@@ -30,6 +36,7 @@ class TabPage {
   virtual ~TabPage() = default;
   // The main tab (and on the Sales Environment, the phase) the page is shown on.
   virtual TabPlace Place() const = 0;
+  virtual PageCaption Caption() const = 0;
   // The labels and pictures of the page that open help, with their topics.
   virtual std::span<const HelpLink> HelpTopics() const { return {}; }
   // Creates the page's widgets on its frame, positions in twips.

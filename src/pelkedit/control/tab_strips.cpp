@@ -5,17 +5,17 @@ namespace {
 
 constexpr std::int32_t kStripHeight = 21;
 
-constexpr TabBand kExpertBands[] = {{tab::kEssentials, "Essentials", 0, 81},
-                                    {tab::kSalesAdvisor, "Sales Advisor", 82, 162},
-                                    {tab::kSalesEnvironment, "Sales Environment", 163, 263},
-                                    {tab::kIboInfo, "IBO Info", 264, 347},
-                                    {tab::kIboNote, "IBO Note", 348, 404}};
-constexpr TabBand kBasicBands[] = {{tab::kEssentials, "Essentials", 0, 82},
-                                   {tab::kSalesAdvisor, "Sales Advisor", 83, 163},
-                                   {tab::kIboInfo, "IBO Info", 164, 247},
-                                   {tab::kIboNote, "IBO Note", 248, 304}};
+constexpr TabBand kExpertBands[] = {{tab::kEssentials, 0, 81},
+                                    {tab::kSalesAdvisor, 82, 162},
+                                    {tab::kSalesEnvironment, 163, 263},
+                                    {tab::kIboInfo, 264, 347},
+                                    {tab::kIboNote, 348, 404}};
+constexpr TabBand kBasicBands[] = {{tab::kEssentials, 0, 82},
+                                   {tab::kSalesAdvisor, 83, 163},
+                                   {tab::kIboInfo, 164, 247},
+                                   {tab::kIboNote, 248, 304}};
 constexpr TabBand kPhaseBands[] = {
-    {tab::kProbe, "Probe", 0, 43}, {tab::kProve, "Prove", 44, 88}, {tab::kClose, "Close", 89, 127}};
+    {tab::kProbe, 0, 43}, {tab::kProve, 44, 88}, {tab::kClose, 89, 127}};
 
 const TabStrip kExpert{101, 405, kStripHeight, kExpertBands};
 const TabStrip kBasic{106, 305, kStripHeight, kBasicBands};

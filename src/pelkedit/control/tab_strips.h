@@ -27,10 +27,10 @@ struct TabPlace {
   std::int32_t phase = tab::kNoPhase;
 };
 
-// The part of a strip picture that selects one tab, in pixels from the strip's left edge.
+// The part of a strip picture that selects one tab, in pixels from the strip's left edge. The
+// tab's caption is its page's (TabPage::Caption).
 struct TabBand {
   std::int32_t tab;
-  const char* caption;
   std::int32_t first;
   std::int32_t last;
 };

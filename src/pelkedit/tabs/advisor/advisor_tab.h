@@ -12,6 +12,7 @@ class AdvisorTab : public TabPage {
   explicit AdvisorTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kSalesAdvisor}; }
+  PageCaption Caption() const override { return {"Sales Advisor"}; }
   std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void EngineReady() override { InitSalesCycleGraph(); }

@@ -19,6 +19,7 @@ class CloseTab : public TabPage {
   explicit CloseTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kSalesEnvironment, tab::kClose}; }
+  PageCaption Caption() const override { return {"Sales Environment", "Close"}; }
   std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;

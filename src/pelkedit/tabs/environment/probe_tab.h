@@ -18,6 +18,7 @@ class ProbeTab : public TabPage {
   explicit ProbeTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kSalesEnvironment, tab::kProbe}; }
+  PageCaption Caption() const override { return {"Sales Environment", "Probe"}; }
   std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;

@@ -16,6 +16,7 @@ class ProveTab : public TabPage {
   explicit ProveTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kSalesEnvironment, tab::kProve}; }
+  PageCaption Caption() const override { return {"Sales Environment", "Prove"}; }
   std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;

@@ -18,6 +18,7 @@ class EssentialsTab : public TabPage {
   explicit EssentialsTab(EditorContext& ctx) : ctx_(ctx), matrix_(ctx) {}
 
   TabPlace Place() const override { return {tab::kEssentials}; }
+  PageCaption Caption() const override { return {"Essentials"}; }
   std::span<const HelpLink> HelpTopics() const override;
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;

@@ -19,6 +19,7 @@ class InfoTab : public TabPage {
   explicit InfoTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kIboInfo}; }
+  PageCaption Caption() const override { return {"IBO Info"}; }
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;
   void Load() override { InitIBOInfo(); }

@@ -12,6 +12,7 @@ class NoteTab : public TabPage {
   explicit NoteTab(EditorContext& ctx) : ctx_(ctx) {}
 
   TabPlace Place() const override { return {tab::kIboNote}; }
+  PageCaption Caption() const override { return {"IBO Note"}; }
   void Build(WidgetRegistry& widgets, Frame& frame) override;
   void Wire() override;
   void Load() override { InitIBONote(); }
