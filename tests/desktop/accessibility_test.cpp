@@ -10,6 +10,7 @@
 #include "app/window_keys.h"
 #include "control/tab_strips.h"
 #include "host_fixture.h"
+#include "pipeline/pipeline_window.h"
 
 using namespace host_fixture;
 namespace tab = pelkedit::tab;
@@ -138,6 +139,22 @@ class AccessibilityTest : public QObject {
     QVERIFY2(graph.contains(QRegularExpression("^(Probe|Prove|Close) phase, ")), qPrintable(graph));
     // The advice is text a reader can read, not a picture of it.
     QVERIFY(!Read(host.Qt<QWidget>("rtfAdvisorMsg"), QAccessible::Value).isEmpty());
+  }
+
+  // The pipeline, where a salesperson starts: everything Tab reaches has a name.
+  void everyPartOfThePipelineHasAName() {
+    Host host;
+    pelkor::desktop::PipelineWindow pipeline(*host.environment);
+    pipeline.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&pipeline));
+    int stops = 0;
+    for (QWidget* widget : pipeline.findChildren<QWidget*>()) {
+      if (!widget->isVisible() || !(widget->focusPolicy() & Qt::TabFocus)) continue;
+      QWidget* stop = Reported(widget);
+      QVERIFY2(!Read(stop, QAccessible::Name).isEmpty(), qPrintable(NameOf(stop) + " has no name"));
+      ++stops;
+    }
+    QVERIFY(stops >= 4);
   }
 
   // Every label and picture a page links to help opens a topic the help file has, with a

@@ -134,6 +134,8 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   setTabOrder(status_, mine_);
   setTabOrder(mine_, table_);
   statusBar()->addPermanentWidget(count_);
+  // The status line is as tall as a line of the desktop's font, large fonts included.
+  count_->setMinimumHeight(count_->fontMetrics().size(Qt::TextSingleLine, "Ag").height());
   empty_->setObjectName("lblPipelineEmpty");
   empty_->setAlignment(Qt::AlignCenter);
   empty_->setWordWrap(true);
