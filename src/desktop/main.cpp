@@ -14,6 +14,7 @@
 #include "app/editor_environment.h"
 #include "app/first_paint.h"
 #include "app/host_window.h"
+#include "app/postgres_loader.h"
 #include "app/screenshots.h"
 #include "app/window_placement.h"
 #include "config/install_layout.h"
@@ -183,6 +184,7 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return cli.exit(error);
   }
+  pelkor::desktop::UsePostgresModule();
   // Parsed before the application starts, so --help and mistakes need no display.
   PreferOffscreenForScreenshots(argc, argv);
   standardMessageHandler = qInstallMessageHandler(QuietOffscreenNotes);

@@ -9,6 +9,7 @@ namespace fs = std::filesystem;
 // install folders, so that a package unpacked under another root still finds its own files.
 constexpr const char* kBinToData = PELK_BIN_TO_DATA;
 constexpr const char* kBinToConfig = PELK_BIN_TO_CONFIG;
+constexpr const char* kBinToModules = PELK_BIN_TO_MODULES;
 constexpr const char* kMarkerFile = "advisor.rules";
 
 fs::path ProgramFolder() {
@@ -23,10 +24,12 @@ DataPlaces Find() {
   if (!programs.empty()) {
     const fs::path data = (programs / kBinToData).lexically_normal();
     if (fs::exists(data / kMarkerFile, error)) {
-      return {true, data, (programs / kBinToConfig).lexically_normal()};
+      return {true, data, (programs / kBinToConfig).lexically_normal(),
+              (programs / kBinToModules).lexically_normal()};
     }
   }
-  return {false, fs::path(PELK_SOURCE_DATA_DIR), fs::path(PELK_BUILD_CONFIG)};
+  return {false, fs::path(PELK_SOURCE_DATA_DIR), fs::path(PELK_BUILD_CONFIG),
+          fs::path(PELK_BUILD_MODULES)};
 }
 
 }  // namespace

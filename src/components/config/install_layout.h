@@ -12,6 +12,7 @@ struct DataPlaces {
   bool installed = false;
   std::filesystem::path dataFolder;    // advisor.rules, help/
   std::filesystem::path systemConfig;  // pelkor.ini for every user of the machine
+  std::filesystem::path moduleFolder;  // pelkor-postgres.so
 };
 
 // Worked out once from the running program's own path.

@@ -22,10 +22,25 @@ IboTable TableForProcedure(const std::string& procName) {
                  pelkedit::kProcMain + "\" or \"" + pelkedit::kProcArchive + "\".");
 }
 
+namespace {
+ServerStoreOpener& ServerOpener() {
+  static ServerStoreOpener opener = nullptr;
+  return opener;
+}
+}  // namespace
+
+void UseServerBackend(ServerStoreOpener opener) {
+  ServerOpener() = opener;
+}
+
 std::shared_ptr<IIboStore> OpenIboStore(const std::string& name, StoreOpening opening) {
   if (name.empty()) RaiseDataError("No IBO database was named.");
-  return IsServerName(name) ? data_detail::OpenPostgresStore(name, opening)
-                            : data_detail::OpenSqliteStore(name, opening);
+  if (!IsServerName(name)) return data_detail::OpenSqliteStore(name, opening);
+  if (ServerOpener() == nullptr) {
+    RaiseDataError("This program cannot open PostgreSQL databases (" + name +
+                   "): its PostgreSQL support is not installed.");
+  }
+  return ServerOpener()(name, opening);
 }
 
 std::int32_t RecordIdOf(const pelkedit::Blob& data) {
