@@ -68,22 +68,6 @@ std::vector<QWidget*> TabStops(HostWindow& window) {
   return stops;
 }
 
-// Every page in turn: the five tabs, and the three phases of the Sales Environment.
-template <typename Visit>
-void EveryPage(HostWindow& window, Visit visit) {
-  for (int main = 0; main < tab::kMainCount; ++main) {
-    if (window.Component()->State().mainTab == tab::kSalesEnvironment) {
-      for (int phase = 0; phase < tab::kPhaseCount; ++phase) {
-        visit(QString("phase %1").arg(window.Component()->State().sEnvTab));
-        pelkor::desktop::StepPhase(window, 1);
-      }
-    } else {
-      visit(QString("tab %1").arg(window.Component()->State().mainTab));
-    }
-    pelkor::desktop::StepMainTab(window, 1);
-  }
-}
-
 }  // namespace
 
 class AccessibilityTest : public QObject {
@@ -95,7 +79,7 @@ class AccessibilityTest : public QObject {
     QVERIFY(host.Open(kExpertIbo));
     HostWindow& window = *host.window;
     int inputs = 0;
-    EveryPage(window, [&](const QString& page) {
+    ForEveryPage(window, [&](const QString& page) {
       for (QWidget* stop : TabStops(window)) {
         const QString name = Read(stop, QAccessible::Name);
         QVERIFY2(!name.isEmpty(), qPrintable(page + ": " + NameOf(stop) + " has no name"));
@@ -178,7 +162,7 @@ class AccessibilityTest : public QObject {
     Host host;
     QVERIFY(host.Open(kExpertIbo));
     HostWindow& window = *host.window;
-    EveryPage(window, [&](const QString& page) {
+    ForEveryPage(window, [&](const QString& page) {
       const std::vector<QWidget*> stops = TabStops(window);
       for (std::size_t i = 1; i < stops.size(); ++i) {
         const QPoint before = PlaceOf(stops[i - 1], &window);

@@ -9,6 +9,8 @@
 
 #include "app/editor_environment.h"
 #include "app/host_window.h"
+#include "app/window_keys.h"
+#include "control/tab_strips.h"
 #include "data/demo_seed.h"
 #include "record/ibo_properties.h"
 
@@ -72,6 +74,23 @@ struct Host {
     return record;
   }
 };
+
+// Every page in turn, as the user steps through them: the tabs of the strip shown, each Sales
+// Environment phase on its own; `visit` is told where it is ("tab 1", "phase 2").
+template <typename Visit>
+void ForEveryPage(HostWindow& window, Visit visit) {
+  for (int main = 0; main < tab::kMainCount; ++main) {
+    if (window.Component()->State().mainTab == tab::kSalesEnvironment) {
+      for (int phase = 0; phase < tab::kPhaseCount; ++phase) {
+        visit(QString("phase %1").arg(window.Component()->State().sEnvTab));
+        pelkor::desktop::StepPhase(window, 1);
+      }
+    } else {
+      visit(QString("tab %1").arg(window.Component()->State().mainTab));
+    }
+    pelkor::desktop::StepMainTab(window, 1);
+  }
+}
 
 inline QDate QDateOf(const Date& date) {
   return QDate(date.Year(), date.Month(), date.Day());

@@ -89,17 +89,7 @@ QStringList CutTexts(QWidget& window, const QString& page) {
 
 QStringList CutOnEveryPage(HostWindow& window) {
   QStringList cut;
-  for (int main = 0; main < tab::kMainCount; ++main) {
-    if (window.Component()->State().mainTab == tab::kSalesEnvironment) {
-      for (int phase = 0; phase < tab::kPhaseCount; ++phase) {
-        cut << CutTexts(window, QString("phase %1").arg(window.Component()->State().sEnvTab));
-        pelkor::desktop::StepPhase(window, 1);
-      }
-    } else {
-      cut << CutTexts(window, QString("tab %1").arg(window.Component()->State().mainTab));
-    }
-    pelkor::desktop::StepMainTab(window, 1);
-  }
+  ForEveryPage(window, [&](const QString& page) { cut << CutTexts(window, page); });
   return cut;
 }
 

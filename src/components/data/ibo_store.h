@@ -178,6 +178,12 @@ inline constexpr const char* kDatabaseVariable = "PELKOR_DB";
 // rather than a SQLite file path.
 bool IsServerName(const std::string& name);
 
+// What opens a PostgreSQL database: linked in (pelk_data_with_postgres) or loaded as a module
+// (the desktop editor); without one, a server's URI is refused with a clear error.
+using ServerStoreOpener = std::shared_ptr<IIboStore> (*)(const std::string& uri,
+                                                         StoreOpening opening);
+void UseServerBackend(ServerStoreOpener opener);
+
 // Opens the store a name gives: a PostgreSQL connection URI ("postgresql://user@host/db"), or
 // a SQLite file path (":memory:" for a private in-memory one).
 std::shared_ptr<IIboStore> OpenIboStore(const std::string& name,

@@ -11,16 +11,4 @@ namespace pelkor::data_detail {
 // use pelk_postgres; the desktop editor loads it only when it is given a server's URI.
 std::shared_ptr<IIboStore> OpenSqliteStore(const std::string& path, StoreOpening opening);
 std::shared_ptr<IIboStore> OpenPostgresStore(const std::string& uri, StoreOpening opening);
-
 }  // namespace pelkor::data_detail
-
-namespace pelkor {
-
-// What opens a PostgreSQL database; none until a program chooses one.
-using ServerStoreOpener = std::shared_ptr<IIboStore> (*)(const std::string& uri,
-                                                         StoreOpening opening);
-void UseServerBackend(ServerStoreOpener opener);
-
-}  // namespace pelkor
-
-namespace pelkor::data_detail {}  // namespace pelkor::data_detail

@@ -1,8 +1,8 @@
 #include "app/app_style.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QGuiApplication>
 #include <QPalette>
 #include <QPixmap>
 #include <algorithm>
@@ -12,9 +12,26 @@ namespace {
 
 constexpr int kChevronArm = 3;
 
+// An icon painted when shown, at the size and pixel density asked for.
+class DrawnIconEngine : public QIconEngine {
+ public:
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return scaledPixmap(size, mode, state, 1);
+  }
+  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
+                       qreal scale) override {
+    QPixmap pixmap(size * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+    return pixmap;
+  }
+};
+
 // "»" pointing right (or down): the menu bar's sign that more entries are hidden. Drawn when
 // first shown, which is seldom: the menu bar of this window has room for all its menus.
-class ChevronEngine : public QIconEngine {
+class ChevronEngine : public DrawnIconEngine {
  public:
   explicit ChevronEngine(bool down) : down_(down) {}
   QIconEngine* clone() const override { return new ChevronEngine(down_); }
@@ -39,13 +56,6 @@ class ChevronEngine : public QIconEngine {
     }
     painter->restore();
   }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-    return pixmap;
-  }
 
  private:
   static constexpr double kPenWidth = 1.5;
@@ -54,7 +64,7 @@ class ChevronEngine : public QIconEngine {
 
 // The clear button of a search box: a cross in a disc of the text's colour. Drawn, because the
 // style's own is a picture file whose reading loads every image plugin at start-up.
-class ClearEngine : public QIconEngine {
+class ClearEngine : public DrawnIconEngine {
  public:
   QIconEngine* clone() const override { return new ClearEngine; }
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
@@ -71,25 +81,13 @@ class ClearEngine : public QIconEngine {
     painter->setPen(Qt::NoPen);
     painter->setBrush(disc);
     painter->drawEllipse(circle);
-    painter->setPen(QPen(palette.color(QPalette::Base), side / kCrossPenDivisor, Qt::SolidLine,
-                         Qt::RoundCap));
+    painter->setPen(
+        QPen(palette.color(QPalette::Base), side / kCrossPenDivisor, Qt::SolidLine, Qt::RoundCap));
     const qreal arm = side * kCrossShare / 2;
     const QPointF centre = circle.center();
     painter->drawLine(centre + QPointF(-arm, -arm), centre + QPointF(arm, arm));
     painter->drawLine(centre + QPointF(-arm, arm), centre + QPointF(arm, -arm));
     painter->restore();
-  }
-  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-    return scaledPixmap(size, mode, state, 1);
-  }
-  QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
-                       qreal scale) override {
-    QPixmap pixmap(size * scale);
-    pixmap.setDevicePixelRatio(scale);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-    return pixmap;
   }
 
  private:

@@ -31,6 +31,11 @@ constexpr int kFormHeight = 400;
 // Long enough to read after closing the refusal's message box.
 constexpr int kConflictMessageMs = 30000;
 
+// The component's area at the desktop's font.
+QSize DesignedFormSize() {
+  return QSize(kFormWidth, kFormHeight) * FormZoom();
+}
+
 struct StatusChoice {
   std::int32_t status;
   const char* caption;
@@ -224,7 +229,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
   if (!loaded) return false;
   auto* form = new QWidget;
   form->setObjectName("frmIboEdit");
-  form->setMinimumSize(QSize(kFormWidth, kFormHeight) * FormZoom());
+  form->setMinimumSize(DesignedFormSize());
   form->installEventFilter(this);
   auto* binder = new Binder(component->Widgets(), form, EditorOptions(platform_, *component));
   binder->setObjectName("binder");
@@ -256,7 +261,7 @@ bool HostWindow::OpenIbo(std::int32_t iboId, std::int32_t view) {
 void HostWindow::ShowNothingOpen() {
   auto* empty = new QWidget;
   empty->setObjectName("frmNoIbo");
-  empty->setMinimumSize(QSize(kFormWidth, kFormHeight) * FormZoom());
+  empty->setMinimumSize(DesignedFormSize());
   auto* text = new QLabel(tr("No IBO is open."), empty);
   auto* open = new QPushButton(tr("&Open IBO from the Pipeline..."), empty);
   connect(open, &QPushButton::clicked, this, &HostWindow::ChooseIbo);
@@ -270,7 +275,7 @@ void HostWindow::ShowNothingOpen() {
 
 bool HostWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == form_ && event->type() == QEvent::Resize && binder_) {
-    binder_->SetExtraRoom(form_->size() - QSize(kFormWidth, kFormHeight) * FormZoom());
+    binder_->SetExtraRoom(form_->size() - DesignedFormSize());
   }
   return QMainWindow::eventFilter(watched, event);
 }

@@ -6,7 +6,7 @@
 
 #include "config/install_layout.h"
 #include "data/data_error.h"
-#include "data/store_backends.h"
+#include "data/ibo_store.h"
 
 namespace pelkor::desktop {
 namespace {

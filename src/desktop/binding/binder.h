@@ -110,6 +110,8 @@ class Binder : public QObject {
   pelkedit::Widget* LookupOpenedBy(const Binding& binding, const QKeyEvent& key) const;
   bool IsLookupPicture(const std::string& name) const;
   QString ShownCaption(const pelkedit::Widget& model) const;
+  // The caption as shown without a mnemonic: "&&" as one ampersand, a lone '&' dropped.
+  static QString Unmarked(const QString& caption);
   const pelkedit::Widget* FirstFocusableIn(const pelkedit::Widget& frame) const;
   void ApplyLabelCaption(Binding& binding);
   // Screen readers (binder_accessible.cpp).

@@ -9,21 +9,6 @@ namespace pelkor::desktop {
 
 using pelkedit::WidgetKind;
 
-namespace {
-
-// The caption as read: no mnemonic marks.
-QString Spoken(const std::string& caption) {
-  QString text;
-  const QString marked = QString::fromStdString(caption);
-  for (int i = 0; i < marked.size(); ++i) {
-    if (marked[i] == '&' && i + 1 < marked.size()) ++i;
-    text += marked[i];
-  }
-  return text;
-}
-
-}  // namespace
-
 const pelkedit::Widget* Binder::QuestionOf(const pelkedit::Widget& model) const {
   if (const auto it = questions_.find(&model); it != questions_.end()) return it->second;
   if (model.Kind() != WidgetKind::kOption || model.Parent() == nullptr) return nullptr;
@@ -54,9 +39,10 @@ void Binder::ApplyAccessibleText(Binding& binding) {
   }
   const bool namesItself = !model.Caption().empty() && model.Kind() != WidgetKind::kFrame;
   if (question != nullptr && model.Kind() == WidgetKind::kOption) {
-    description = Spoken(question->Caption()) + (description.isEmpty() ? "" : " " + description);
+    description = Unmarked(QString::fromStdString(question->Caption())) +
+                  (description.isEmpty() ? "" : " " + description);
   } else if (question != nullptr) {
-    widget.setAccessibleName(Spoken(question->Caption()));
+    widget.setAccessibleName(Unmarked(QString::fromStdString(question->Caption())));
   } else if (!namesItself && !own.isEmpty()) {
     // An input no label names, with no caption of its own, is named by its page's words.
     widget.setAccessibleName(own);

@@ -36,16 +36,6 @@ QString WithMnemonic(const QString& caption, int at) {
   return caption.left(at) + '&' + caption.mid(at);
 }
 
-// The caption as shown without a mnemonic: "&&" as one ampersand, a lone '&' dropped.
-QString Unmarked(const QString& caption) {
-  QString text;
-  for (int i = 0; i < caption.size(); ++i) {
-    if (caption[i] == '&' && i + 1 < caption.size()) ++i;
-    text += caption[i];
-  }
-  return text;
-}
-
 // The letters captions mark themselves ("&Save").
 QString MarkedMnemonics(const std::vector<pelkedit::Widget*>& models) {
   QString marked;
@@ -77,6 +67,15 @@ bool IsArrow(int key) {
 }
 
 }  // namespace
+
+QString Binder::Unmarked(const QString& caption) {
+  QString text;
+  for (int i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && i + 1 < caption.size()) ++i;
+    text += caption[i];
+  }
+  return text;
+}
 
 void Binder::ChooseKeys() {
   // Mnemonics are unique within a frame (only one page's frame is shown at a time) and differ

@@ -1,6 +1,5 @@
 #include "tabs/advisor/matrix_priority.h"
 
-#include <iterator>
 #include <string>
 
 #include "contracts/names.h"
@@ -21,8 +20,7 @@ constexpr std::int32_t kAdvisorPriorityBase = picture::kAdvisorPriorityFirst - 1
 
 // The scale's words for a square's column or row.
 std::string LevelWord(std::int32_t level) {
-  static const char* const kWords[] = {"Low", "Medium", "High"};
-  return level >= 0 && level < std::int32_t{std::size(kWords)} ? kWords[level] : "not answered";
+  return level >= 0 && level < kLevelCount ? kLevelWords[level] : "not answered";
 }
 
 std::string SquareWords(std::int32_t column, std::int32_t row) {

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 
 namespace pelkedit {
 
 class EditorContext;
+
+// The answers to Will It Happen? and Will We Get It?, by code: the matrix's columns and rows.
+inline constexpr const char* kLevelWords[] = {"Low", "Medium", "High"};
+inline constexpr auto kLevelCount = static_cast<std::int32_t>(std::size(kLevelWords));
 
 // The probability matrix markers and the priority pictures on the Essentials tab.
 class MatrixPriority {

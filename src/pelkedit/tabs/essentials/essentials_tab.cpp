@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::int32_t kFirstWwihDay = 1460;  // 1904-01-01
 constexpr std::int32_t kLastWwihDay = 48211;  // 2031-12-31
-const char* const kLevels[] = {"Low", "Medium", "High"};
-constexpr std::int32_t kLevelCount = 3;
 
 const Answer kWih{"Will It Happen?",
                   "UpdateUserWIH",
@@ -53,9 +51,9 @@ void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
   PageLayout page(widgets, frame);
   constexpr float kOptionWidth = 110;
   page.Caption("lblEssentWIH", 12, 10, 140, "Will It Happen?");
-  page.OptionColumn("optWih", 24, 30, kOptionWidth, kLevels);
+  page.OptionColumn("optWih", 24, 30, kOptionWidth, kLevelWords);
   page.Caption("lblEssentWWGI", 12, 104, 140, "Will We Get It?");
-  page.OptionColumn("optWwgi", 24, 124, kOptionWidth, kLevels);
+  page.OptionColumn("optWwgi", 24, 124, kOptionWidth, kLevelWords);
   page.Caption("lblEssentWWIH", 12, 198, 160, "When Will It Happen?");
   page.Place<DateEdit>(widget::deWwih, 24, 218, 120, layout::kFieldHeight);
   page.Place<Calendar>(widget::dtWwih, 24, 120, 230, 180).SetVisible(false);
@@ -79,8 +77,8 @@ void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
 
 void EssentialsTab::Wire() {
   for (const Question& question : kQuestions) {
-    WireOptionAnswer(ctx_, question.prefix, {kLevels[0], kLevels[1], kLevels[2]}, question.answer,
-                     [this] { Redraw(); });
+    WireOptionAnswer(ctx_, question.prefix, {kLevelWords[0], kLevelWords[1], kLevelWords[2]},
+                     question.answer, [this] { Redraw(); });
   }
   auto& dateEdit = ctx_.Get<DateEdit>(widget::deWwih);
   dateEdit.onLostFocus = [this] { DeWwihLostFocus(); };
@@ -129,10 +127,10 @@ void EssentialsTab::RedrawShown(HostChange change) {
 
 void EssentialsTab::SelectOption(const std::string& prefix, std::int32_t code) {
   // "SetOptWihLow" and the like: one setter procedure per option.
-  const std::string option = prefix + kLevels[code];
+  const std::string option = prefix + kLevelWords[code];
   RunMethod(EditorContext::Proc("SetO" + option.substr(1)), [&] {
     for (std::int32_t i = 0; i < kLevelCount; ++i) {
-      ctx_.Get<OptionButton>(prefix + kLevels[i]).SetValue(i == code);
+      ctx_.Get<OptionButton>(prefix + kLevelWords[i]).SetValue(i == code);
     }
   });
 }
