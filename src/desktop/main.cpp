@@ -153,6 +153,8 @@ int Run(const Options& options) {
                              QString::fromStdString(environment.AdvisorProblem()));
   }
   const int result = QApplication::exec();
+  // A measuring run leaves the user's settings as they were.
+  if (options.measureStart) return result;
   if (pipeline.isVisible() || first == &pipeline) pelkor::desktop::SavePlacement(pipeline);
   return result;
 }

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 #include <QTextDocumentFragment>
 
 #include "config/ini_config.h"
@@ -11,32 +10,45 @@
 namespace pelkor::desktop {
 namespace {
 
-// A topic is a heading with the topic's anchor followed by its first paragraph.
-const QRegularExpression kTopic(R"re(<h\d id="mapid-(\d+)">.*?</h\d>\s*<p>(.*?)</p>)re",
-                                QRegularExpression::DotMatchesEverythingOption);
-const QRegularExpression kSentenceEnd(R"([.!?](\s|$))");
+// A topic is a heading with the topic's anchor followed by its first paragraph. Found by plain
+// searching: this runs while a window opens.
+QString FirstParagraph(const QString& html, int mapId) {
+  const qsizetype anchor = html.indexOf(QString(R"(id="mapid-%1")").arg(mapId));
+  if (anchor < 0) return {};
+  const qsizetype headingEnd = html.indexOf("</h", anchor);
+  const qsizetype afterHeading = headingEnd < 0 ? -1 : html.indexOf('>', headingEnd);
+  if (afterHeading < 0) return {};
+  qsizetype start = afterHeading + 1;
+  while (start < html.size() && html.at(start).isSpace()) ++start;
+  if (!QStringView(html).sliced(start).startsWith(u"<p>")) return {};
+  start += 3;
+  const qsizetype end = html.indexOf("</p>", start);
+  return end < 0 ? QString() : html.sliced(start, end - start);
+}
 
+// Up to the first full stop, question or exclamation mark that ends a sentence.
 QString FirstSentence(const QString& html) {
   const QString text = QTextDocumentFragment::fromHtml(html).toPlainText().simplified();
-  const QRegularExpressionMatch end = kSentenceEnd.match(text);
-  return end.hasMatch() ? text.left(end.capturedStart() + 1) : text;
+  for (qsizetype at = 0; at < text.size(); ++at) {
+    const QChar mark = text.at(at);
+    const bool ends = mark == '.' || mark == '!' || mark == '?';
+    if (ends && (at + 1 == text.size() || text.at(at + 1).isSpace())) return text.left(at + 1);
+  }
+  return text;
 }
 
 }  // namespace
 
-HelpSentences::HelpSentences(const QString& helpFile) {
-  QFile file(helpFile);
-  if (!file.open(QIODevice::ReadOnly)) return;
-  const QString html = QString::fromUtf8(file.readAll());
-  for (auto it = kTopic.globalMatch(html); it.hasNext();) {
-    const QRegularExpressionMatch topic = it.next();
-    byTopic_[topic.captured(1).toInt()] = FirstSentence(topic.captured(2));
-  }
-}
+HelpSentences::HelpSentences(QString helpFile) : file_(std::move(helpFile)) {}
 
 QString HelpSentences::ForTopic(int mapId) const {
-  const auto it = byTopic_.find(mapId);
-  return it == byTopic_.end() ? QString() : it->second;
+  if (const auto known = byTopic_.find(mapId); known != byTopic_.end()) return known->second;
+  if (!html_) {
+    QFile file(file_);
+    html_ = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  }
+  const QString paragraph = FirstParagraph(*html_, mapId);
+  return byTopic_[mapId] = paragraph.isEmpty() ? QString() : FirstSentence(paragraph);
 }
 
 QString ConfiguredHelpFile() {

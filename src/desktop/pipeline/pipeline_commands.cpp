@@ -68,7 +68,8 @@ void PipelineWindow::NewDeal() {
   std::shared_ptr<IIboStore> store;
   if (!StoreCall([&] { store = environment_.Db(); })) return;
   NewDealDialog dialog(store, this);
-  if (!search_->text().trimmed().isEmpty()) dialog.Company()->setText(search_->text().trimmed());
+  const QString searched = Search()->text().trimmed();
+  if (!searched.isEmpty()) dialog.Company()->setText(searched);
   if (dialog.exec() != QDialog::Accepted) return;
   CreatedIbo created;
   if (!StoreCall([&] { created = store->CreateIbo(dialog.Deal()); })) return;

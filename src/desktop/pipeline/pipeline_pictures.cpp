@@ -289,8 +289,11 @@ void ForecastPicture::paintEvent(QPaintEvent*) {
                        .monthName(QDate::fromString(months_[bar] + "-01", Qt::ISODate).month(),
                                   QLocale::ShortFormat)
                        .left(1);
-    p.drawText(QRectF(plot.left() + bar * slot, plot.bottom() + 2, slot, 16), Qt::AlignCenter,
-               label);
+    // Centred under its bar, but kept inside the picture when wider than the bar ("Late").
+    const qreal labelWidth = p.fontMetrics().horizontalAdvance(label);
+    const qreal left = std::clamp(plot.left() + bar * slot + (slot - labelWidth) / 2, 0.0,
+                                  std::max(0.0, width() - labelWidth));
+    p.drawText(QRectF(left, plot.bottom() + 2, labelWidth, 16), Qt::AlignCenter, label);
   }
   p.setPen(palette().color(QPalette::PlaceholderText));
   p.drawText(QRectF(plot.left(), plot.bottom() + 16, plot.width(), 16), Qt::AlignCenter,

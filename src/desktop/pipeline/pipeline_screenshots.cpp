@@ -14,6 +14,10 @@
 namespace pelkor::desktop {
 namespace {
 
+// The pictures of the pipeline show it as a new user sees it on a desktop screen, whatever the
+// screen they are drawn on.
+constexpr QSize kShownSize(1280, 720);
+
 QString Save(QWidget& widget, const QDir& folder, const QString& name) {
   QApplication::processEvents();
   const QString path = folder.filePath(name);
@@ -26,6 +30,7 @@ QString Save(QWidget& widget, const QDir& folder, const QString& name) {
 QStringList WritePipelineScreenshots(PipelineWindow& pipeline, const QString& folder) {
   const QDir dir(folder);
   QStringList written;
+  pipeline.resize(kShownSize);
   pipeline.show();
   pipeline.ShowArchive(false);
   written << Save(pipeline, dir, "pipeline-main.png");

@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -31,6 +32,10 @@ constexpr std::int64_t kMatrixDeals = 300;
 // Places in the status filter.
 constexpr int kOpenDeals = 0;
 constexpr int kAllStatuses = 5;
+// A new user's window: room for the columns and the pictures, but no more of the screen's free
+// area than this share, so that it fits a small screen whole.
+constexpr QSize kNewUserSize(1280, 720);
+constexpr double kScreenShare = 0.9;
 
 struct StatusFilter {
   const char* caption;
@@ -50,18 +55,29 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
       environment_(environment),
       model_(new PipelineModel([&environment] { return environment.Db(); },
                                [this](const QString& why) { statusBar()->showMessage(why); },
-                               this)),
-      table_(new QTableView(this)),
-      tables_(new QTabBar(this)),
-      search_(new QLineEdit(this)),
-      status_(new QComboBox(this)),
-      mine_(new QCheckBox(tr("&My deals"), this)),
-      count_(new QLabel(this)),
-      empty_(new QLabel(table_->viewport())),
-      matrix_(new MatrixPicture(this)),
-      forecast_(new ForecastPicture(this)) {
+                               this)) {
   setObjectName("frmPipeline");
   setWindowTitle(tr("Pipeline - %1").arg(kAppTitle));
+  typing_.setSingleShot(true);
+  typing_.setInterval(kTypingPauseMs);
+  connect(&typing_, &QTimer::timeout, this, &PipelineWindow::ApplyFilters);
+  const QScreen* shown = screen();
+  resize(shown == nullptr
+             ? kNewUserSize
+             : kNewUserSize.boundedTo(shown->availableGeometry().size() * kScreenShare));
+}
+
+void PipelineWindow::Build() {
+  if (table_ != nullptr) return;
+  table_ = new QTableView(this);
+  tables_ = new QTabBar(this);
+  search_ = new QLineEdit(this);
+  status_ = new QComboBox(this);
+  mine_ = new QCheckBox(tr("&My deals"), this);
+  count_ = new QLabel(this);
+  empty_ = new QLabel(table_->viewport());
+  matrix_ = new MatrixPicture(this);
+  forecast_ = new ForecastPicture(this);
   table_->setObjectName("tblPipeline");
   table_->setAccessibleName(tr("Deals"));
   table_->setModel(model_);
@@ -143,11 +159,12 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   empty_->hide();
   table_->viewport()->installEventFilter(this);
   BuildMenus();
+}
 
-  typing_.setSingleShot(true);
-  typing_.setInterval(kTypingPauseMs);
-  connect(&typing_, &QTimer::timeout, this, &PipelineWindow::ApplyFilters);
-  resize(1280, 720);
+void PipelineWindow::setVisible(bool visible) {
+  // Built when first shown: a deal opened at start-up does not wait for the pipeline.
+  if (visible) Build();
+  QMainWindow::setVisible(visible);
 }
 
 void PipelineWindow::showEvent(QShowEvent* event) {
@@ -251,10 +268,12 @@ void PipelineWindow::BuildMenus() {
 }
 
 void PipelineWindow::ShowArchive(bool archive) {
+  Build();
   tables_->setCurrentIndex(archive ? 1 : 0);
 }
 
 void PipelineWindow::ApplyFilters() {
+  Build();
   IboQuery query = model_->Query();
   query.table = tables_->currentIndex() == 1 ? IboTable::kArchive : IboTable::kMain;
   query.search = search_->text().toStdString();
@@ -313,10 +332,13 @@ void PipelineWindow::UpdateCounts() {
 }
 
 const IboSummary* PipelineWindow::Selected() const {
+  // Nothing is selected in a pipeline not built yet.
+  if (table_ == nullptr) return nullptr;
   return model_->Summary(table_->currentIndex().row());
 }
 
 void PipelineWindow::SelectDeal(std::int32_t id) {
+  Build();
   const int row = model_->RowOf(id);
   if (row < 0) {
     statusBar()->showMessage(tr("That deal is not among the rows listed; search for it."), 4000);
@@ -367,7 +389,7 @@ void PipelineWindow::OpenDeal(std::int32_t id, bool archived) {
 }
 
 bool PipelineWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == table_->viewport() && event->type() == QEvent::Resize) {
+  if (table_ != nullptr && watched == table_->viewport() && event->type() == QEvent::Resize) {
     empty_->setGeometry(table_->viewport()->rect());
   }
   return QMainWindow::eventFilter(watched, event);

@@ -49,12 +49,28 @@ class PipelineWindow : public QMainWindow {
   void NewDatabase();
   void Refresh();
 
-  QTableView* Table() const { return table_; }
+  // The window's parts, built when first shown or asked for.
+  QTableView* Table() {
+    Build();
+    return table_;
+  }
   PipelineModel* Model() const { return model_; }
-  QLineEdit* Search() const { return search_; }
-  QTabBar* Tables() const { return tables_; }
-  MatrixPicture* Matrix() const { return matrix_; }
-  ForecastPicture* Forecast() const { return forecast_; }
+  QLineEdit* Search() {
+    Build();
+    return search_;
+  }
+  QTabBar* Tables() {
+    Build();
+    return tables_;
+  }
+  MatrixPicture* Matrix() {
+    Build();
+    return matrix_;
+  }
+  ForecastPicture* Forecast() {
+    Build();
+    return forecast_;
+  }
   // Shows the archive (true) or the main table.
   void ShowArchive(bool archive);
   // Reads the rows for the filters as they are now (the search waits for a pause in typing).
@@ -66,10 +82,13 @@ class PipelineWindow : public QMainWindow {
  protected:
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void setVisible(bool visible) override;
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  // Makes the widgets and menus (once).
+  void Build();
   void BuildMenus();
   QWidget* BuildFilters();
   void UpdateCounts();
@@ -80,16 +99,16 @@ class PipelineWindow : public QMainWindow {
 
   EditorEnvironment& environment_;
   PipelineModel* model_;
-  QTableView* table_;
-  QTabBar* tables_;
-  QLineEdit* search_;
-  QComboBox* status_;
-  QCheckBox* mine_;
-  QLabel* count_;
+  QTableView* table_ = nullptr;
+  QTabBar* tables_ = nullptr;
+  QLineEdit* search_ = nullptr;
+  QComboBox* status_ = nullptr;
+  QCheckBox* mine_ = nullptr;
+  QLabel* count_ = nullptr;
   // Said over the empty table: how to make the first deal, or that nothing matches.
-  QLabel* empty_;
-  MatrixPicture* matrix_;
-  ForecastPicture* forecast_;
+  QLabel* empty_ = nullptr;
+  MatrixPicture* matrix_ = nullptr;
+  ForecastPicture* forecast_ = nullptr;
   QTimer typing_;
   std::vector<QPointer<HostWindow>> editors_;
   QPointer<HostWindow> last_;
