@@ -7,6 +7,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -57,7 +58,8 @@ struct Pipeline {
   std::unique_ptr<pelkor::desktop::EditorEnvironment> environment;
   std::unique_ptr<PipelineWindow> window;
 
-  Pipeline() {
+  // A pipeline not shown is the one behind a deal opened at start-up (--ibo).
+  explicit Pipeline(bool shown = true) {
     pelkor::SeedDemoData(*pelkor::OpenIboStore(dbPath));
     environment =
         std::make_unique<pelkor::desktop::EditorEnvironment>(pelkor::desktop::EnvironmentOptions{
@@ -70,7 +72,7 @@ struct Pipeline {
     });
     window = std::make_unique<PipelineWindow>(*environment);
     window->Model()->SetToday(QDate(2026, 10, 1));
-    window->show();
+    if (shown) window->show();
   }
   ~Pipeline() {
     window.reset();
@@ -119,6 +121,23 @@ class PipelineTest : public QObject {
 
     p.window->ShowArchive(true);
     QCOMPARE(Column(*p.window, PipelineModel::kCompany), QStringList{"Old Mill Hardware"});
+  }
+
+  void aDealOpenedAtStartUpShowsBeforeThePipelineIsBuilt() {
+    Pipeline p(false);
+    p.window->OpenDeal(1001, false);
+    pelkor::desktop::HostWindow* editor = p.window->Editor();
+    QVERIFY(editor != nullptr);
+    QVERIFY(editor->isVisible());
+    // The deal's window came up without the pipeline's list, pictures or menus.
+    QVERIFY(p.window->findChild<QTableView*>() == nullptr);
+    QVERIFY(p.window->menuBar()->actions().isEmpty());
+    // Asked for from the editor, the pipeline comes whole, its deals listed.
+    editor->ChooseIbo();
+    QVERIFY(p.window->isVisible());
+    QCOMPARE(Column(*p.window, PipelineModel::kCompany).size(), 4);
+    QVERIFY(p.window->Table()->isVisible());
+    QVERIFY(!p.window->menuBar()->actions().isEmpty());
   }
 
   void aNewDealOpensInTheEditorAndASaveShowsInThePipeline() {
