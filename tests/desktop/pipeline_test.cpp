@@ -21,6 +21,7 @@
 #include "data/demo_seed.h"
 #include "pipeline/new_deal_dialog.h"
 #include "pipeline/pipeline_model.h"
+#include "pipeline/pipeline_pictures.h"
 #include "pipeline/pipeline_window.h"
 
 namespace {
@@ -190,6 +191,16 @@ class PipelineTest : public QObject {
 
   void archiveAndDeleteAskFirst() {
     Pipeline p;
+    const auto matrixHas = [&p](std::int32_t id) {
+      const std::vector<pelkor::IboSummary>& deals = p.window->Matrix()->Deals();
+      return std::any_of(deals.begin(), deals.end(),
+                         [id](const pelkor::IboSummary& deal) { return deal.id == id; });
+    };
+    // A search narrows the list, not the matrix of every open deal.
+    p.window->Search()->setText("Cascade");
+    p.window->ApplyFilters();
+    QCOMPARE(p.window->Model()->rowCount(), 1);
+    QCOMPARE(p.window->Matrix()->Deals().size(), std::size_t{4});
     p.window->SelectDeal(1002);
     QString asked;
     AnswerNextBox("No", &asked);
@@ -199,6 +210,7 @@ class PipelineTest : public QObject {
     AnswerNextBox("Yes", nullptr);
     p.window->ArchiveSelected();
     QCOMPARE(p.window->Model()->RowOf(1002), -1);
+    QVERIFY(!matrixHas(1002));
 
     p.window->ShowArchive(true);
     p.window->SelectDeal(1002);
@@ -212,6 +224,7 @@ class PipelineTest : public QObject {
     p.window->RestoreSelected();
     p.window->ShowArchive(false);
     QVERIFY(p.window->Model()->RowOf(1002) >= 0);
+    QVERIFY(matrixHas(1002));
   }
 };
 

@@ -97,9 +97,12 @@ struct CreatedIbo {
   std::int32_t number = 0;
 };
 
+// The months a forecast covers: today's and the ones after it, overdue deals aside.
+constexpr int kForecastMonths = 12;
+
 // The open deals' value by the month they are expected to happen and by their matrix cell.
 struct ForecastBucket {
-  std::string month;  // "YYYY-MM"; "overdue" for a date before today; "" for none
+  std::string month;  // "YYYY-MM"; "overdue" for a date before today
   std::int32_t wih = 0;
   std::int32_t wwgi = 0;
   std::int64_t value = 0;  // ten-thousandths

@@ -131,8 +131,9 @@ class IIboStore {
                        std::optional<std::int64_t> expected = std::nullopt) = 0;
   // Removes an IBO from the archive for good; the main table's deals are archived first.
   virtual void DeleteArchived(std::int32_t id) = 0;
-  // The main table's open deals summed by expected month (before `today`, "YYYY-MM-DD": overdue)
-  // and matrix cell, by the database.
+  // The main table's open deals summed by expected month and matrix cell, by the database: those
+  // expected before `today` ("YYYY-MM-DD") as overdue, then the kForecastMonths months from
+  // today's. Deals with no date or a later one are left out, unread.
   virtual std::vector<ForecastBucket> Forecast(const std::string& today) = 0;
   // Up to `limit` rows of a table in id order after `afterId`, for copying.
   virtual std::vector<StoredIbo> ReadBatch(IboTable table, std::int32_t afterId, int limit) = 0;

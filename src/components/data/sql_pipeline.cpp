@@ -1,10 +1,12 @@
 // The pipeline's operations on the store: pages of summaries, new deals, archive and restore.
 #include <algorithm>
+#include <optional>
 
 #include "contracts/names.h"
 #include "data/data_error.h"
 #include "data/sql_ibo_store.h"
 #include "record/ibo_properties.h"
+#include "values/date.h"
 
 namespace pelkor::data_detail {
 namespace {
@@ -38,6 +40,12 @@ Blob NewRecord(const NewIbo& ibo, std::int32_t id, std::int32_t number) {
   record->Set(pelkedit::prop::ContactFirstName, Trimmed(ibo.firstName));
   record->Set(pelkedit::prop::ContactLastName, Trimmed(ibo.lastName));
   return record->GetIboData();
+}
+
+// "YYYY-MM-01" of the month after the forecast's last.
+std::string FirstDayAfterForecast(const pelkedit::Date& today) {
+  const int months = today.Year() * 12 + (today.Month() - 1) + kForecastMonths;
+  return pelkedit::Date::FromCivil(months / 12, months % 12 + 1, 1).ToIso();
 }
 
 }  // namespace
@@ -142,14 +150,20 @@ void SqlIboStore::DeleteArchived(std::int32_t id) {
 }
 
 std::vector<ForecastBucket> SqlIboStore::Forecast(const std::string& today) {
+  const std::string action = "Cannot sum up the deals of " + Location();
+  const std::optional<pelkedit::Date> day = pelkedit::Date::Parse(today);
+  if (!day) RaiseDataError(action + ": \"" + today + "\" is not a date (YYYY-MM-DD).");
   std::lock_guard lock(mutex_);
   std::vector<ForecastBucket> buckets;
+  // From the forecast's index, only the dated deals up to the end of its last month: the deals
+  // with no date, often most of a large database, are not read.
   sql_->QueryAlone(
-      "Cannot sum up the deals of " + Location(),
-      "SELECT CASE WHEN wwih_date = '' THEN '' WHEN wwih_date < ? THEN 'overdue'"
-      " ELSE substr(wwih_date, 1, 7) END AS month, wih, wwgi, sum(value), count(*)"
-      " FROM ibo_main WHERE status = ? GROUP BY 1, 2, 3",
-      {today, std::int64_t{kStatusOpen}}, [&](const SqlRow& row) {
+      action,
+      "SELECT CASE WHEN wwih_date < ? THEN 'overdue' ELSE substr(wwih_date, 1, 7) END AS month,"
+      " wih, wwgi, sum(value), count(*) FROM ibo_main"
+      " WHERE status = ? AND wwih_date > '' AND wwih_date < ? GROUP BY 1, 2, 3",
+      {day->ToIso(), std::int64_t{kStatusOpen}, FirstDayAfterForecast(*day)},
+      [&](const SqlRow& row) {
         buckets.push_back({row.Text(0), row.Int(1), row.Int(2), row.Int64(3), row.Int64(4)});
       });
   return buckets;

@@ -20,6 +20,7 @@ class MatrixPicture : public QWidget {
   QSize minimumSizeHint() const override;
   // The deal drawn at a point, or null.
   const IboSummary* DealAt(const QPoint& point) const;
+  const std::vector<IboSummary>& Deals() const { return deals_; }
 
  signals:
   void dealClicked(std::int32_t id);
@@ -59,8 +60,8 @@ class ForecastPicture : public QWidget {
   bool event(QEvent* event) override;
 
  private:
-  // Bar 0 is overdue, 1 to 12 the months from this one on.
-  static constexpr int kBars = 13;
+  // Bar 0 is overdue, the others the months from this one on.
+  static constexpr int kBars = 1 + kForecastMonths;
   int BarAt(const QPoint& point) const;
   QRectF Plot() const;
 

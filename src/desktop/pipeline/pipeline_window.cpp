@@ -286,6 +286,7 @@ void PipelineWindow::ApplyFilters() {
   loaded_ = true;
   writesSeen_ = environment_.WritesDone();
   UpdateCounts();
+  UpdatePictures(false);
   if (table_->currentIndex().row() < 0 && model_->rowCount() > 0) table_->selectRow(0);
 }
 
@@ -297,6 +298,7 @@ void PipelineWindow::Refresh() {
   model_->Refresh();
   writesSeen_ = environment_.WritesDone();
   UpdateCounts();
+  UpdatePictures(true);
   if (keep != 0) SelectDeal(keep);
 }
 
@@ -316,6 +318,14 @@ void PipelineWindow::UpdateCounts() {
   empty_->setVisible(total == 0);
   count_->setText(
       tr(total == 1 ? "%1 deal %2" : "%1 deals %2").arg(QLocale().toString(total), where));
+}
+
+void PipelineWindow::UpdatePictures(bool reread) {
+  // The pictures show everybody's open deals, or the user's: a search or another status leaves
+  // them as they are, so typing costs no more than the list.
+  const IboQuery& query = model_->Query();
+  if (!reread && picturesOwner_ == query.owner) return;
+  picturesOwner_ = query.owner;
   IboQuery open;
   open.table = IboTable::kMain;
   open.statuses = {1};

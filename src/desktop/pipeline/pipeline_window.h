@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QTimer>
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "app/editor_environment.h"
@@ -92,6 +94,9 @@ class PipelineWindow : public QMainWindow {
   void BuildMenus();
   QWidget* BuildFilters();
   void UpdateCounts();
+  // Reads the matrix's and the forecast's deals again: when `reread`, else only when the owner
+  // filter has changed since they were read.
+  void UpdatePictures(bool reread);
   const IboSummary* Selected() const;
   // Runs a store call; a failure is shown. Returns whether it ran.
   bool StoreCall(const std::function<void()>& call);
@@ -114,6 +119,8 @@ class PipelineWindow : public QMainWindow {
   QPointer<HostWindow> last_;
   // Saves the editor has made when the pipeline last read its rows.
   int writesSeen_ = 0;
+  // The owner filter the pictures were read for; nullopt before they are read.
+  std::optional<std::string> picturesOwner_;
   // Whether the rows were read: not before the window is first shown.
   bool loaded_ = false;
 };

@@ -152,6 +152,12 @@ TEST(IboStore, ThePipelineFindsSortsAndPagesItsDeals) {
       [path = folder.File("team.db")] { return OpenIboStore(path); });
 }
 
+TEST(IboStore, TheForecastSumsTheMonthsItShows) {
+  TempFolder folder;
+  testing::ExpectForecastSumsTheMonthsShown(
+      [path = folder.File("team.db")] { return OpenIboStore(path); });
+}
+
 TEST(IboStore, TheContactBookIsSearchedByTheDatabase) {
   TempFolder folder;
   testing::ExpectContactSearch([path = folder.File("team.db")] { return OpenIboStore(path); });

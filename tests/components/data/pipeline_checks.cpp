@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <set>
 
 #include "data_test_support.h"
@@ -121,6 +122,32 @@ void ExpectPipelineFindsSortsAndPages(const Connect& connect) {
           << SummaryColumnName(column);
     }
   }
+}
+
+void ExpectForecastSumsTheMonthsShown(const Connect& connect) {
+  const auto store = connect();
+  const auto deal = [&](int status, const std::string& products, const std::string& wwih) {
+    const CreatedIbo created = store->CreateIbo({"Forecast Co", "", "", false, {}});
+    if (!wwih.empty()) Reshape(*store, created, status, products, wwih);
+  };
+  deal(1, "1\tLate\t10\n", "2026-11-23");
+  deal(1, "1\tNow\t20\n", "2026-11-24");
+  deal(1, "2\tNow\t5\n", "2026-11-30");
+  deal(1, "1\tLast\t40\n", "2027-10-31");
+  deal(1, "1\tBeyond\t80\n", "2027-11-01");
+  deal(2, "1\tWon\t160\n", "2026-12-01");
+  deal(1, "", "");  // no date
+
+  std::map<std::string, std::pair<std::int64_t, std::int64_t>> byMonth;
+  for (const ForecastBucket& bucket : store->Forecast("2026-11-24")) {
+    byMonth[bucket.month].first += bucket.value;
+    byMonth[bucket.month].second += bucket.deals;
+  }
+  using Sums = std::map<std::string, std::pair<std::int64_t, std::int64_t>>;
+  EXPECT_EQ(byMonth,
+            (Sums{{"overdue", {100000, 1}}, {"2026-11", {300000, 2}}, {"2027-10", {400000, 1}}}));
+  EXPECT_THAT(ErrorOf([&] { store->Forecast("24/11/2026"); }).Description(),
+              HasSubstr("\"24/11/2026\" is not a date"));
 }
 
 void ExpectContactSearch(const Connect& connect) {

@@ -9,6 +9,11 @@ namespace pelkor::testing {
 // neither repeat nor skip a deal.
 void ExpectPipelineFindsSortsAndPages(const Connect& connect);
 
+// The forecast sums the open deals expected before today (overdue) and in the twelve months
+// from today's, by month and matrix cell; deals with no date, a later one or another status
+// are left out, and a day that is not a date is refused.
+void ExpectForecastSumsTheMonthsShown(const Connect& connect);
+
 // The contact book searched by the database: every word, case and accents ignored, by last and
 // first name, a page at a time with the count of all matches.
 void ExpectContactSearch(const Connect& connect);

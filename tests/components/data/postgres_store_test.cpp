@@ -134,6 +134,11 @@ TEST(ServerStore, ThePipelineFindsSortsAndPagesItsDeals) {
   testing::ExpectPipelineFindsSortsAndPages([&] { return OpenIboStore(server.Uri()); });
 }
 
+TEST(ServerStore, TheForecastSumsTheMonthsItShows) {
+  ServerDatabase server;
+  testing::ExpectForecastSumsTheMonthsShown([&] { return OpenIboStore(server.Uri()); });
+}
+
 TEST(ServerStore, TheContactBookIsSearchedByTheDatabase) {
   ServerDatabase server;
   testing::ExpectContactSearch([&] { return OpenIboStore(server.Uri()); });
