@@ -76,11 +76,15 @@ struct IboQuery {
   bool descending = false;
   std::int64_t offset = 0;
   std::int64_t limit = 100;
+  // Whether the page's total counts every match, a cost that grows with them. A caller that
+  // wants only the first rows (the matrix) leaves it out: its total stops at a few thousand.
+  bool countAll = true;
 };
 
 struct IboPage {
   std::vector<IboSummary> rows;
-  std::int64_t total = 0;  // rows matching the query, over every page
+  // Rows matching the query, over every page; without countAll, at most a few thousand.
+  std::int64_t total = 0;
 };
 
 // What a new deal starts with.

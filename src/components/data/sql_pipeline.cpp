@@ -59,8 +59,12 @@ IboPage SqlIboStore::QueryIbos(const IboQuery& query) {
   std::lock_guard lock(mutex_);
   IboPage result;
   sql_->Transaction("Cannot list the IBOs of " + Location(), false, [&] {
-    sql_->Query("SELECT count(*) FROM " + table + built.where, built.params,
-                [&](const SqlRow& row) { result.total = row.Int64(0); });
+    // Uncounted, the matches are counted only as far as the choice of plan needs.
+    const std::string matches =
+        query.countAll ? "SELECT count(*) FROM " + table + built.where
+                       : "SELECT count(*) FROM (SELECT 1 FROM " + table + built.where + " LIMIT " +
+                             std::to_string(kSortApartUpTo + 1) + ") AS enough";
+    sql_->Query(matches, built.params, [&](const SqlRow& row) { result.total = row.Int64(0); });
     sql_->Query(PageSql(SummarySelectList(), table, built, result.total), page,
                 [&](const SqlRow& row) {
                   result.rows.push_back(ReadSummary(row, query.table == IboTable::kArchive));

@@ -333,6 +333,7 @@ void PipelineWindow::UpdatePictures(bool reread) {
   open.sort = SummaryColumn::kValue;
   open.descending = true;
   open.limit = kMatrixDeals;
+  open.countAll = false;
   const QDate today = QDate::currentDate();
   StoreCall([&] {
     matrix_->SetDeals(environment_.Db()->QueryIbos(open).rows);

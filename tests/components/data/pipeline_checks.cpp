@@ -122,6 +122,16 @@ void ExpectPipelineFindsSortsAndPages(const Connect& connect) {
           << SummaryColumnName(column);
     }
   }
+  // Uncounted, the same rows come back.
+  query = MainQuery();
+  query.sort = SummaryColumn::kValue;
+  query.descending = true;
+  query.statuses = {1};
+  const IboPage counted = ann->QueryIbos(query);
+  query.countAll = false;
+  const IboPage uncounted = ann->QueryIbos(query);
+  EXPECT_EQ(Companies(uncounted), Companies(counted));
+  EXPECT_EQ(uncounted.total, counted.total);
 }
 
 void ExpectForecastSumsTheMonthsShown(const Connect& connect) {
