@@ -133,8 +133,10 @@ class IIboStore {
   virtual void DeleteArchived(std::int32_t id) = 0;
   // The main table's open deals summed by expected month and matrix cell, by the database: those
   // expected before `today` ("YYYY-MM-DD") as overdue, then the kForecastMonths months from
-  // today's. Deals with no date or a later one are left out, unread.
-  virtual std::vector<ForecastBucket> Forecast(const std::string& today) = 0;
+  // today's. Deals with no date or a later one are left out, unread. With an `owner`, only the
+  // deals that person created.
+  virtual std::vector<ForecastBucket> Forecast(const std::string& today,
+                                               const std::string& owner) = 0;
   // Up to `limit` rows of a table in id order after `afterId`, for copying.
   virtual std::vector<StoredIbo> ReadBatch(IboTable table, std::int32_t afterId, int limit) = 0;
   // The stored records of these ids that the table holds, in one query.

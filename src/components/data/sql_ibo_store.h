@@ -28,7 +28,7 @@ class SqlIboStore final : public IIboStore {
   CreatedIbo CreateIbo(const NewIbo& ibo) override;
   void MoveIbo(IboTable from, std::int32_t id, std::optional<std::int64_t> expected) override;
   void DeleteArchived(std::int32_t id) override;
-  std::vector<ForecastBucket> Forecast(const std::string& today) override;
+  std::vector<ForecastBucket> Forecast(const std::string& today, const std::string& owner) override;
   std::vector<StoredIbo> ReadBatch(IboTable table, std::int32_t afterId, int limit) override;
   std::vector<StoredIbo> FindMany(IboTable table, const std::vector<std::int32_t>& ids) override;
   std::vector<Contact> ListContacts() override;

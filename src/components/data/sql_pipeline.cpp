@@ -153,21 +153,25 @@ void SqlIboStore::DeleteArchived(std::int32_t id) {
   });
 }
 
-std::vector<ForecastBucket> SqlIboStore::Forecast(const std::string& today) {
+std::vector<ForecastBucket> SqlIboStore::Forecast(const std::string& today,
+                                                  const std::string& owner) {
   const std::string action = "Cannot sum up the deals of " + Location();
   const std::optional<pelkedit::Date> day = pelkedit::Date::Parse(today);
   if (!day) RaiseDataError(action + ": \"" + today + "\" is not a date (YYYY-MM-DD).");
+  std::vector<SqlValue> params = {day->ToIso(), std::int64_t{kStatusOpen},
+                                  FirstDayAfterForecast(*day)};
+  if (!owner.empty()) params.emplace_back(owner);
   std::lock_guard lock(mutex_);
   std::vector<ForecastBucket> buckets;
   // From the forecast's index, only the dated deals up to the end of its last month: the deals
   // with no date, often most of a large database, are not read.
   sql_->QueryAlone(
       action,
-      "SELECT CASE WHEN wwih_date < ? THEN 'overdue' ELSE substr(wwih_date, 1, 7) END AS month,"
-      " wih, wwgi, sum(value), count(*) FROM ibo_main"
-      " WHERE status = ? AND wwih_date > '' AND wwih_date < ? GROUP BY 1, 2, 3",
-      {day->ToIso(), std::int64_t{kStatusOpen}, FirstDayAfterForecast(*day)},
-      [&](const SqlRow& row) {
+      std::string("SELECT CASE WHEN wwih_date < ? THEN 'overdue' ELSE substr(wwih_date, 1, 7)"
+                  " END AS month, wih, wwgi, sum(value), count(*) FROM ibo_main"
+                  " WHERE status = ? AND wwih_date > '' AND wwih_date < ?") +
+          (owner.empty() ? "" : " AND owner = ?") + " GROUP BY 1, 2, 3",
+      params, [&](const SqlRow& row) {
         buckets.push_back({row.Text(0), row.Int(1), row.Int(2), row.Int64(3), row.Int64(4)});
       });
   return buckets;

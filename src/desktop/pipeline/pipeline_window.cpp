@@ -149,8 +149,9 @@ void PipelineWindow::UpdatePictures(bool reread) {
   const QDate today = QDate::currentDate();
   StoreCall([&] {
     matrix_->SetDeals(environment_.Db()->QueryIbos(open).rows);
-    forecast_->SetBuckets(environment_.Db()->Forecast(today.toString(Qt::ISODate).toStdString()),
-                          today.toString("yyyy-MM"));
+    forecast_->SetBuckets(
+        environment_.Db()->Forecast(today.toString(Qt::ISODate).toStdString(), open.owner),
+        today.toString("yyyy-MM"));
   });
 }
 

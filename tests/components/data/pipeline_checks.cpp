@@ -135,7 +135,13 @@ void ExpectPipelineFindsSortsAndPages(const Connect& connect) {
 }
 
 void ExpectForecastSumsTheMonthsShown(const Connect& connect) {
+  ::setenv("PELKOR_USER", "ann", 1);
   const auto store = connect();
+  ::setenv("PELKOR_USER", "bo", 1);
+  const auto bo = connect();
+  ::unsetenv("PELKOR_USER");
+  const CreatedIbo bos = bo->CreateIbo({"Bo's Co", "", "", false, {}});
+  Reshape(*bo, bos, 1, "1\tBo\t1\n", "2026-12-01");
   const auto deal = [&](int status, const std::string& products, const std::string& wwih) {
     const CreatedIbo created = store->CreateIbo({"Forecast Co", "", "", false, {}});
     if (!wwih.empty()) Reshape(*store, created, status, products, wwih);
@@ -148,15 +154,20 @@ void ExpectForecastSumsTheMonthsShown(const Connect& connect) {
   deal(2, "1\tWon\t160\n", "2026-12-01");
   deal(1, "", "");  // no date
 
-  std::map<std::string, std::pair<std::int64_t, std::int64_t>> byMonth;
-  for (const ForecastBucket& bucket : store->Forecast("2026-11-24")) {
-    byMonth[bucket.month].first += bucket.value;
-    byMonth[bucket.month].second += bucket.deals;
-  }
   using Sums = std::map<std::string, std::pair<std::int64_t, std::int64_t>>;
-  EXPECT_EQ(byMonth,
+  const auto byMonth = [&store](const std::string& owner) {
+    Sums sums;
+    for (const ForecastBucket& bucket : store->Forecast("2026-11-24", owner)) {
+      sums[bucket.month].first += bucket.value;
+      sums[bucket.month].second += bucket.deals;
+    }
+    return sums;
+  };
+  EXPECT_EQ(byMonth("ann"),
             (Sums{{"overdue", {100000, 1}}, {"2026-11", {300000, 2}}, {"2027-10", {400000, 1}}}));
-  EXPECT_THAT(ErrorOf([&] { store->Forecast("24/11/2026"); }).Description(),
+  EXPECT_EQ(byMonth("bo"), (Sums{{"2026-12", {10000, 1}}}));
+  EXPECT_EQ(byMonth("").at("2026-12"), (std::pair<std::int64_t, std::int64_t>{10000, 1}));
+  EXPECT_THAT(ErrorOf([&] { store->Forecast("24/11/2026", ""); }).Description(),
               HasSubstr("\"24/11/2026\" is not a date"));
 }
 

@@ -10,8 +10,8 @@ namespace pelkor::testing {
 void ExpectPipelineFindsSortsAndPages(const Connect& connect);
 
 // The forecast sums the open deals expected before today (overdue) and in the twelve months
-// from today's, by month and matrix cell; deals with no date, a later one or another status
-// are left out, and a day that is not a date is refused.
+// from today's, by month and matrix cell, everybody's or one owner's; deals with no date, a later
+// one or another status are left out, and a day that is not a date is refused.
 void ExpectForecastSumsTheMonthsShown(const Connect& connect);
 
 // The contact book searched by the database: every word, case and accents ignored, by last and
