@@ -8,9 +8,9 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 extern char** environ;
@@ -25,16 +25,15 @@ struct Run {
 // Every run starts as a new user would: with settings of its own (no window placement kept
 // from an earlier run), in a folder made once for the whole benchmark.
 std::vector<char*> FreshUserEnvironment() {
-  static std::string settings = [] {
+  constexpr std::string_view kSettingsVariable = "XDG_CONFIG_HOME=";
+  static std::string settings = [kSettingsVariable] {
     std::string folder = std::filesystem::temp_directory_path() / "pelkor-startup-XXXXXX";
     if (mkdtemp(folder.data()) == nullptr) std::abort();
-    return "XDG_CONFIG_HOME=" + folder;
+    return std::string(kSettingsVariable) + folder;
   }();
   std::vector<char*> variables;
   for (char** variable = environ; *variable != nullptr; ++variable) {
-    if (std::strncmp(*variable, "XDG_CONFIG_HOME=", std::strlen("XDG_CONFIG_HOME=")) != 0) {
-      variables.push_back(*variable);
-    }
+    if (!std::string_view(*variable).starts_with(kSettingsVariable)) variables.push_back(*variable);
   }
   variables.push_back(settings.data());
   variables.push_back(nullptr);

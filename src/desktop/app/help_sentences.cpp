@@ -5,6 +5,7 @@
 #include <QTextDocumentFragment>
 
 #include "config/ini_config.h"
+#include "help_viewer/help_request.h"
 #include "values/error.h"
 
 namespace pelkor::desktop {
@@ -13,7 +14,7 @@ namespace {
 // A topic is a heading with the topic's anchor followed by its first paragraph. Found by plain
 // searching: this runs while a window opens.
 QString FirstParagraph(const QString& html, int mapId) {
-  const qsizetype anchor = html.indexOf(QString(R"(id="mapid-%1")").arg(mapId));
+  const qsizetype anchor = html.indexOf(QString(R"(id="%1")").arg(help::AnchorOf(mapId)));
   if (anchor < 0) return {};
   const qsizetype headingEnd = html.indexOf("</h", anchor);
   const qsizetype afterHeading = headingEnd < 0 ? -1 : html.indexOf('>', headingEnd);
