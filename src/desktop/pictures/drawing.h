@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
+#include <QPainter>
 #include <QPixmap>
+#include <QRectF>
+#include <QSizeF>
 #include <QString>
 #include <vector>
 
-// Shared by the picture painters: their colours and font fitting.
+// Shared by the picture painters: their colours and their writing.
 namespace pelkor::desktop::drawing {
 
 // The pictures' colours: the designed light ones on a light desktop; on a dark one, the same
@@ -38,12 +40,26 @@ QColor Mix(const QColor& a, const QColor& b, qreal t);
 // the screen's pixel density, so that it stays sharp on a scaled screen.
 QPixmap Blank(int width, int height, const QColor& fill);
 
-// The application's UI font at a pixel size.
-QFont UiFont(int pixelSize, bool bold = false);
+// How a picture writes a text: its size in pixels, bold or not, and its width (1 is the
+// font's own; below 1 condensed).
+struct TextLook {
+  qreal pixelSize;
+  bool bold = false;
+  qreal width = 1.0;
+};
 
-// The largest font not above `pixelSize` (condensed if need be, never below `minPixelSize`)
+// Writes `text` into `box` (Qt alignment `flags`) in the look asked for. Every picture writes
+// with the same two fonts (regular and bold), which the painter scales to the size and width
+// asked for: each further font would cost a font match of its own, about as much time as
+// drawing a picture.
+void DrawText(QPainter& p, const QRectF& box, int flags, const QString& text, const TextLook& look);
+
+// The size `text` takes in a look; with a width, wrapped at word boundaries to fit it.
+QSizeF TextSize(const QString& text, const TextLook& look, qreal wrapWidth = 0);
+
+// The largest look not above `pixelSize` (condensed if need be, never below `minPixelSize`)
 // in which `text` fits into `width` pixels.
-QFont FitFont(const QString& text, int width, int pixelSize, int minPixelSize, bool bold);
+TextLook FitLook(const QString& text, qreal width, qreal pixelSize, qreal minPixelSize, bool bold);
 
 // One tab of a strip: caption and inclusive horizontal extent in pixels.
 struct TabBand {

@@ -40,27 +40,28 @@ void DrawCells(QPainter& p) {
 void DrawAxes(QPainter& p) {
   const int gridBottom = kGridTop + kPitch * kCells;
   p.setPen(colors::MutedInk());
-  p.setFont(UiFont(kTickPixelSize));
+  const TextLook tick{kTickPixelSize};
   for (int i = 0; i < kCells; ++i) {
     // Across: under each column. Up: beside each row, written upwards.
-    p.drawText(QRect(kGridLeft + kPitch * i, gridBottom, kPitch, kTickBand), Qt::AlignCenter,
-               kTicks[i]);
+    DrawText(p, QRect(kGridLeft + kPitch * i, gridBottom, kPitch, kTickBand), Qt::AlignCenter,
+             kTicks[i], tick);
     p.save();
     p.translate(kGridLeft - kTickBand, kGridTop + kPitch * (kCells - i));
     p.rotate(-90);
-    p.drawText(QRect(0, 0, kPitch, kTickBand), Qt::AlignCenter, kTicks[i]);
+    DrawText(p, QRect(0, 0, kPitch, kTickBand), Qt::AlignCenter, kTicks[i], tick);
     p.restore();
   }
   p.setPen(colors::Ink());
-  p.setFont(UiFont(kAxisPixelSize, true));
-  p.drawText(QRect(kGridLeft, gridBottom + kTickBand, kPitch * kCells,
-                   kMatrixSide - gridBottom - kTickBand),
-             Qt::AlignCenter, "Will It Happen?");
+  const TextLook axis{kAxisPixelSize, true};
+  DrawText(p,
+           QRect(kGridLeft, gridBottom + kTickBand, kPitch * kCells,
+                 kMatrixSide - gridBottom - kTickBand),
+           Qt::AlignCenter, "Will It Happen?", axis);
   p.save();
   p.translate(0, kGridTop + kPitch * kCells);
   p.rotate(-90);
-  p.drawText(QRect(0, 0, kPitch * kCells, kGridLeft - kTickBand), Qt::AlignCenter,
-             "Will We Get It?");
+  DrawText(p, QRect(0, 0, kPitch * kCells, kGridLeft - kTickBand), Qt::AlignCenter,
+           "Will We Get It?", axis);
   p.restore();
 }
 
@@ -89,8 +90,8 @@ QPixmap DrawMarkerSquare(int resourceId) {
   p.drawRect(QRectF(0.5, 0.5, kMarkerSide - 1, kMarkerSide - 1));
   if (lettered) {
     p.setPen(Qt::black);
-    p.setFont(UiFont(kMarkerLetterPixelSize, true));
-    p.drawText(QRect(0, 0, kMarkerSide, kMarkerSide), Qt::AlignCenter, "A");
+    DrawText(p, QRect(0, 0, kMarkerSide, kMarkerSide), Qt::AlignCenter, "A",
+             {kMarkerLetterPixelSize, true});
   }
   return pixmap;
 }

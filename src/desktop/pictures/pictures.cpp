@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
+#include <limits>
 
 #include "control/tab_strips.h"
 #include "pictures/drawing.h"
@@ -12,8 +13,28 @@ namespace pelkor::desktop {
 namespace drawing {
 
 namespace {
-// Font stretch tried when a caption does not fit at its natural width.
-constexpr int kCondensedStretch = QFont::SemiCondensed;
+// The size of the two fonts every picture writes with.
+constexpr int kFontPixelSize = 11;
+// The width a caption is squeezed to before it is made smaller (a semi-condensed face's).
+constexpr qreal kCondensedWidth = 0.87;
+
+QFont PictureFont(bool bold) {
+  QFont font = QGuiApplication::font();
+  font.setPixelSize(kFontPixelSize);
+  font.setBold(bold);
+  font.setStyleStrategy(QFont::PreferAntialias);
+  return font;
+}
+
+// How far the painter scales the picture font for a look, across and down.
+struct Scale {
+  qreal across;
+  qreal down;
+};
+Scale ScaleOf(const TextLook& look) {
+  const qreal down = look.pixelSize / kFontPixelSize;
+  return {down * look.width, down};
+}
 }  // namespace
 
 // Painted in the design's pixels, drawn at the zoomed form's screen density.
@@ -25,24 +46,35 @@ QPixmap Blank(int width, int height, const QColor& fill) {
   return pixmap;
 }
 
-QFont UiFont(int pixelSize, bool bold) {
-  QFont font = QGuiApplication::font();
-  font.setPixelSize(pixelSize);
-  font.setBold(bold);
-  font.setStyleStrategy(QFont::PreferAntialias);
-  return font;
+void DrawText(QPainter& p, const QRectF& box, int flags, const QString& text,
+              const TextLook& look) {
+  const auto [across, down] = ScaleOf(look);
+  p.save();
+  p.setFont(PictureFont(look.bold));
+  p.translate(box.topLeft());
+  p.scale(across, down);
+  p.drawText(QRectF(0, 0, box.width() / across, box.height() / down), flags, text);
+  p.restore();
 }
 
-QFont FitFont(const QString& text, int width, int pixelSize, int minPixelSize, bool bold) {
-  QFont font = UiFont(pixelSize, bold);
-  if (QFontMetrics(font).horizontalAdvance(text) <= width) return font;
-  font.setStretch(kCondensedStretch);
-  const int condensed = QFontMetrics(font).horizontalAdvance(text);
-  if (condensed <= width) return font;
-  // Text widths grow with the pixel size: the size that fits follows from one measurement,
-  // so no more fonts need loading than the one used.
-  font.setPixelSize(std::max(minPixelSize, pixelSize * width / condensed));
-  return font;
+QSizeF TextSize(const QString& text, const TextLook& look, qreal wrapWidth) {
+  const auto [across, down] = ScaleOf(look);
+  const QFontMetricsF metrics(PictureFont(look.bold));
+  if (wrapWidth <= 0) return {metrics.horizontalAdvance(text) * across, metrics.height() * down};
+  const QRectF room(0, 0, wrapWidth / across, std::numeric_limits<int>::max() / 2);
+  const QSizeF needed = metrics.boundingRect(room, Qt::AlignCenter | Qt::TextWordWrap, text).size();
+  return {needed.width() * across, needed.height() * down};
+}
+
+TextLook FitLook(const QString& text, qreal width, qreal pixelSize, qreal minPixelSize, bool bold) {
+  TextLook look{pixelSize, bold};
+  const qreal natural = TextSize(text, look).width();
+  if (natural <= width) return look;
+  look.width = kCondensedWidth;
+  const qreal condensed = natural * kCondensedWidth;
+  if (condensed <= width) return look;
+  look.pixelSize = std::max(minPixelSize, pixelSize * width / condensed);
+  return look;
 }
 
 }  // namespace drawing

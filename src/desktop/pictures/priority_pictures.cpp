@@ -1,4 +1,3 @@
-#include <QFontMetrics>
 #include <QPainter>
 #include <QStringList>
 
@@ -16,16 +15,14 @@ constexpr int kPhraseMinPixelSize = 14;
 constexpr int kCaptionPixelSize = 11;
 constexpr int kCaptionHeight = 18;
 
-// The largest font in which the phrase, wrapped at word boundaries, fits the box.
-QFont FitWrapped(const QString& text, const QRect& box) {
-  QFont font = UiFont(kPhrasePixelSize, true);
-  for (int size = kPhrasePixelSize; size > kPhraseMinPixelSize; --size) {
-    font.setPixelSize(size);
-    const QRect needed =
-        QFontMetrics(font).boundingRect(box, Qt::AlignCenter | Qt::TextWordWrap, text);
-    if (needed.width() <= box.width() && needed.height() <= box.height()) return font;
+// The largest look in which the phrase, wrapped at word boundaries, fits the box.
+TextLook FitWrapped(const QString& text, const QRect& box) {
+  TextLook look{kPhrasePixelSize, true};
+  for (; look.pixelSize > kPhraseMinPixelSize; --look.pixelSize) {
+    const QSizeF needed = TextSize(text, look, box.width());
+    if (needed.width() <= box.width() && needed.height() <= box.height()) return look;
   }
-  return font;
+  return look;
 }
 
 }  // namespace
@@ -51,10 +48,10 @@ QPixmap DrawPriority(int priority, bool advisor) {
   p.drawRoundedRect(frame, kCornerRadius, kCornerRadius);
 
   // A small caption names whose view it is; the priority itself fills the rest.
-  p.setFont(UiFont(kCaptionPixelSize));
   p.setPen(advisor ? colors::LightInk() : colors::MutedInk());
   const QRect caption(kMargin, kMargin / 2, kSide - 2 * kMargin, kCaptionHeight);
-  p.drawText(caption, Qt::AlignCenter, advisor ? "Advisor's view" : "Your view");
+  DrawText(p, caption, Qt::AlignCenter, advisor ? "Advisor's view" : "Your view",
+           {kCaptionPixelSize});
   p.setPen(QPen(advisor ? colors::DarkPanelBorder() : colors::PanelBorder(), 1));
   p.drawLine(QPointF(kMargin, caption.bottom() + 2.5),
              QPointF(kSide - kMargin, caption.bottom() + 2.5));
@@ -63,9 +60,9 @@ QPixmap DrawPriority(int priority, bool advisor) {
   const QRect body(kMargin, caption.bottom() + 4, kSide - 2 * kMargin,
                    kSide - caption.bottom() - 4 - kMargin);
   const bool isDigit = text.size() == 1;
-  p.setFont(isDigit ? UiFont(kDigitPixelSize, true) : FitWrapped(text, body));
   p.setPen(ink);
-  p.drawText(body, Qt::AlignCenter | Qt::TextWordWrap, text);
+  DrawText(p, body, Qt::AlignCenter | Qt::TextWordWrap, text,
+           isDigit ? TextLook{kDigitPixelSize, true} : FitWrapped(text, body));
   return pixmap;
 }
 

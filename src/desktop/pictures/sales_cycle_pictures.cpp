@@ -62,7 +62,6 @@ QPixmap DrawSalesCycle() {
 
   // Phase bands: a divider and a caption for each phase of the cycle.
   const double cycleWidth = double(kCycleRight - kCycleLeft);
-  p.setFont(UiFont(kLabelPixelSize, true));
   for (int i = 0; i < kPhaseCount; ++i) {
     const double left = kCycleLeft + cycleWidth * kPhaseStarts[i];
     const double phaseWidth = cycleWidth * (kPhaseStarts[i + 1] - kPhaseStarts[i]);
@@ -72,7 +71,8 @@ QPixmap DrawSalesCycle() {
                  QPointF(std::round(left) + 0.5, kBaseline));
     }
     p.setPen(colors::MutedInk());
-    p.drawText(QRectF(left, 0, phaseWidth, kPlotTop), Qt::AlignCenter, kPhases[i]);
+    DrawText(p, QRectF(left, 0, phaseWidth, kPlotTop), Qt::AlignCenter, kPhases[i],
+             {kLabelPixelSize, true});
   }
 
   QPainterPath curve;

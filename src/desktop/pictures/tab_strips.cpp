@@ -48,11 +48,11 @@ void DrawTab(QPainter& p, const TabBand& tab, int height, bool selected) {
     p.drawLine(QPointF(tab.first + kCornerRadius, 1.0), QPointF(tab.last - kCornerRadius + 1, 1.0));
   }
   const int textWidth = tab.last - tab.first + 1 - kCaptionPadding;
-  p.setFont(FitFont(tab.caption, textWidth, kCaptionPixelSize, kCaptionMinPixelSize, selected));
   p.setPen(selected ? colors::Ink() : colors::MutedInk());
   const QRect textRect(tab.first, static_cast<int>(top) + 1, tab.last - tab.first + 1,
                        height - static_cast<int>(top) - 1);
-  p.drawText(textRect, Qt::AlignCenter, tab.caption);
+  DrawText(p, textRect, Qt::AlignCenter, tab.caption,
+           FitLook(tab.caption, textWidth, kCaptionPixelSize, kCaptionMinPixelSize, selected));
 }
 
 }  // namespace
