@@ -65,6 +65,7 @@ class BinderTest : public QObject {
     text.Move(5 * kTwips, 6 * kTwips, 100 * kTwips, 21 * kTwips);
     auto& graph = form.registry.Make<PictureBox>("picSalesCycle");
     graph.Move(0, 0, 250 * kTwips, 117 * kTwips);
+    graph.SetDesignPicture(pelkedit::picture::kSalesCycle);
     auto& bar = form.registry.Make<PictureBox>("picLine");
     bar.SetParent(&graph);
     bar.Move(120, 13, 8, 101);  // on a picture: pixels
@@ -72,9 +73,7 @@ class BinderTest : public QObject {
     form.registry.Make<DateEdit>("deWwih");
     form.registry.Make<Calendar>("dtWwih");
     form.registry.Make<RichTextBox>("rtfAdvice");
-    BinderOptions options;
-    options.fixedPictures["picSalesCycle"] = pelkor::desktop::picture::kSalesCycle;
-    form.Bind(options);
+    form.Bind({});
 
     auto* line = form.Qt<QLineEdit>("txtName");
     QVERIFY(line != nullptr);

@@ -55,24 +55,8 @@ BinderOptions FormOptions(QtPlatform& platform) {
   // Through the platform, like every other message the user sees.
   options.onError = [&platform](const std::exception& error) { ShowError(platform, error); };
   options.shortDateFormat = QString::fromStdString(platform.ShortDateFormat());
-  options.fixedPictures = {{pelkedit::widget::picProbabilitMatrix, picture::kMatrix},
-                           {pelkedit::widget::picPmUserSqr, picture::kUserSquare},
-                           {pelkedit::widget::picPmAdvSqr, picture::kAdvisorSquare},
-                           {pelkedit::widget::picPmCmnSqr, picture::kCommonSquare},
-                           {pelkedit::widget::picSalesCycle, picture::kSalesCycle},
-                           {pelkedit::widget::picLine, picture::kCycleMarker},
-                           // The phase strip has no picture of its own until a phase is
-                           // pressed; until then the first phase is the one shown.
-                           {pelkedit::widget::picSEnvTab, pelkedit::PhaseStrip().firstPicture},
-                           {"picEconLookup", picture::kLookupButton},
-                           {"picTechLookup", picture::kLookupButton},
-                           {"picUserLookup", picture::kLookupButton}};
-  options.focusTakingPictures = {pelkedit::widget::picMainTab, pelkedit::widget::picSEnvTab};
   auto sentences = std::make_shared<const HelpSentences>(ConfiguredHelpFile());
   options.helpSentence = [sentences](int mapId) { return sentences->ForTopic(mapId); };
-  options.lookups = {{"txtProbeEconName", "picEconLookup"},
-                     {"txtProbeTechName", "picTechLookup"},
-                     {"txtProbeUserName", "picUserLookup"}};
   return options;
 }
 
@@ -88,7 +72,6 @@ BinderOptions EditorOptions(QtPlatform& platform, const pelkedit::PelkIboEdit& c
 // Tab moves through the form in the order the component lays its widgets out; a look-up
 // button comes right after the name it looks up.
 void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
-  const std::map<std::string, std::string>& lookups = binder.Options().lookups;
   QWidget* previous = nullptr;
   for (const pelkedit::Widget* model : widgets.All()) {
     if (!model->Focusable()) continue;
@@ -101,8 +84,8 @@ void SetTabOrder(pelkedit::WidgetRegistry& widgets, const Binder& binder) {
       QWidget::setTabOrder(previous, box->DropButton());
       previous = box->DropButton();
     }
-    const auto lookup = lookups.find(model->Name());
-    if (QWidget* button = lookup == lookups.end() ? nullptr : binder.WidgetFor(lookup->second)) {
+    if (QWidget* button =
+            model->LookUpPicture().empty() ? nullptr : binder.WidgetFor(model->LookUpPicture())) {
       QWidget::setTabOrder(previous, button);
       previous = button;
     }

@@ -133,6 +133,7 @@ Binder::Binder(pelkedit::WidgetRegistry& registry, QWidget* form, BinderOptions 
   for (pelkedit::Widget* model : registry_.All()) {
     index_[model] = bindings_.size();
     bindings_.push_back({model, nullptr, nullptr});
+    if (!model->LookUpPicture().empty()) lookUpPictures_.insert(model->LookUpPicture());
   }
   unmade_ = bindings_.size();
   zoom_ = FormZoom();

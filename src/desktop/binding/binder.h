@@ -23,17 +23,9 @@ namespace pelkor::desktop {
 struct BinderOptions {
   // The user's short-date format (Qt syntax); the date edits take its separator.
   QString shortDateFormat = "M/d/yyyy";
-  // Pictures that belong to the form's design: shown by widget name while the model names none.
-  std::map<std::string, int> fixedPictures;
   // Called with an error a model raised while handling the user's input; by default the error
   // is shown in a message box over the form.
   std::function<void(const std::exception&)> onError;
-  // Pictures that take the focus when pressed, as the tab strips do: the field being edited
-  // loses it first, so that what was typed is committed before the press is handled.
-  std::set<std::string> focusTakingPictures;
-  // Pictures that open a text box's look-up ("..."), by the box's name: the picture is a Tab
-  // stop after the box that Space or Enter presses, and F4 or Alt+Down in the box presses it.
-  std::map<std::string, std::string> lookups;
   // What the tab strips' tabs say: their pages' captions.
   TabCaptions tabCaptions;
   // The first sentence of a help topic (empty when there is none): a question's label's topic
@@ -136,6 +128,9 @@ class Binder : public QObject {
   // Models whose widgets wait for their page to be shown.
   std::size_t unmade_ = 0;
   std::map<int, QPixmap> pictures_;
+  // The pictures that open a text box's look-up ("..."): a Tab stop after the box that Space or
+  // Enter presses, as F4 or Alt+Down in the box does.
+  std::set<std::string> lookUpPictures_;
   // What each label names for the keyboard, and the caption position of each mnemonic the
   // binder chose (captions that mark their own keep theirs).
   std::map<const pelkedit::Widget*, const pelkedit::Widget*> buddies_;

@@ -251,11 +251,7 @@ void Binder::ApplyList(Binding& binding) {
 
 void Binder::ApplyPicture(Binding& binding) {
   const auto& model = static_cast<const pelkedit::PictureBox&>(*binding.model);
-  int id = model.Picture();
-  if (id == 0) {
-    const auto fixed = options_.fixedPictures.find(model.Name());
-    if (fixed != options_.fixedPictures.end()) id = fixed->second;
-  }
+  const int id = model.Picture() != 0 ? model.Picture() : model.DesignPicture();
   auto* view = static_cast<PictureView*>(binding.inner.data());
   if (id == 0) {
     view->SetPixmap(QPixmap());

@@ -204,7 +204,8 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Binder::Press(pelkedit::Widget& model, int button, int shift, float x, float y) {
-  const bool takesFocus = options_.focusTakingPictures.count(model.Name()) != 0;
+  const bool takesFocus = model.Kind() == WidgetKind::kPicture &&
+                          static_cast<const pelkedit::PictureBox&>(model).TakesFocus();
   Dispatch([this, &model, button, shift, x, y, takesFocus] {
     if (takesFocus) registry_.MoveFocus(nullptr);
     model.UserMouseDown(button, shift, x, y);

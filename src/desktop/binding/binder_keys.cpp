@@ -123,7 +123,7 @@ void Binder::ConnectKeys(Binding& binding) {
   const WidgetKind kind = binding.model->Kind();
   if (kind == WidgetKind::kOption || kind == WidgetKind::kDateEdit ||
       kind == WidgetKind::kDateField || kind == WidgetKind::kButton ||
-      options_.lookups.count(binding.model->Name()) != 0) {
+      !binding.model->LookUpPicture().empty()) {
     binding.inner->installEventFilter(this);
   }
   if (IsLookupPicture(binding.model->Name())) {
@@ -213,8 +213,8 @@ pelkedit::Widget* Binder::LookupOpenedBy(const Binding& binding, const QKeyEvent
   const std::string& name = binding.model->Name();
   const bool drop =
       key.key() == Qt::Key_F4 || (key.key() == Qt::Key_Down && key.modifiers() & Qt::AltModifier);
-  if (const auto box = options_.lookups.find(name); box != options_.lookups.end() && drop) {
-    return registry_.Find(box->second);
+  if (const std::string& picture = binding.model->LookUpPicture(); !picture.empty() && drop) {
+    return registry_.Find(picture);
   }
   const bool press =
       key.key() == Qt::Key_Space || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
@@ -222,8 +222,7 @@ pelkedit::Widget* Binder::LookupOpenedBy(const Binding& binding, const QKeyEvent
 }
 
 bool Binder::IsLookupPicture(const std::string& name) const {
-  return std::any_of(options_.lookups.begin(), options_.lookups.end(),
-                     [&name](const auto& lookup) { return lookup.second == name; });
+  return lookUpPictures_.count(name) != 0;
 }
 
 bool Binder::KeyEvent(Binding& binding, QEvent* event) {

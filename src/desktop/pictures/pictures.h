@@ -10,21 +10,8 @@
 
 namespace pelkor::desktop {
 
-// Picture resource numbers. The editor loads the strips and priorities by the numbers the core
-// gives them (control/tab_strips.h); the fixed pictures of the form (matrix, markers,
-// sales-cycle graph) have numbers of their own so that every picture is drawn through one
-// entry point.
-namespace picture {
-
-inline constexpr int kMatrix = 201;
-inline constexpr int kUserSquare = 202;
-inline constexpr int kAdvisorSquare = 203;
-inline constexpr int kCommonSquare = 204;
-inline constexpr int kSalesCycle = 205;
-inline constexpr int kCycleMarker = 206;
-// The "..." button beside a decision maker's name that opens the contact book.
-inline constexpr int kLookupButton = 207;
-}  // namespace picture
+// The numbers the editor names its pictures by, all drawn through DrawPicture.
+namespace picture = pelkedit::picture;
 
 // How much larger than its design the form is laid out: the desktop font's line height over
 // the one the form was designed with, never below 1. A larger font gets a larger form, so that

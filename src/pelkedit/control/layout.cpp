@@ -48,7 +48,8 @@ void BuildEditorShell(WidgetRegistry& widgets) {
   PageLayout form(widgets, nullptr);
   const TabStrip& mainStrip = ExpertMainStrip();
   form.Place<PictureBox>(widget::picMainTab, 0, 0, static_cast<float>(mainStrip.widthPixels),
-                         static_cast<float>(mainStrip.heightPixels));
+                         static_cast<float>(mainStrip.heightPixels))
+      .SetTakesFocus(true);
   for (const char* name : kMainFrames) {
     // A larger window gives its room to the pages.
     form.Place<Frame>(name, 0, kFrameTop, kFormWidth, kFrameHeight).SetAnchors(anchor::kFill);
@@ -56,9 +57,12 @@ void BuildEditorShell(WidgetRegistry& widgets) {
 
   PageLayout environment(widgets, widgets.Get<Frame>(MainFrameName(tab::kSalesEnvironment)));
   const TabStrip& phases = PhaseStrip();
-  environment.Place<PictureBox>(widget::picSEnvTab, kPhaseStripLeft, kPhaseStripTop,
-                                static_cast<float>(phases.widthPixels),
-                                static_cast<float>(phases.heightPixels));
+  auto& phaseStrip = environment.Place<PictureBox>(
+      widget::picSEnvTab, kPhaseStripLeft, kPhaseStripTop, static_cast<float>(phases.widthPixels),
+      static_cast<float>(phases.heightPixels));
+  phaseStrip.SetTakesFocus(true);
+  // No phase is pressed yet: the strip shows the first.
+  phaseStrip.SetDesignPicture(phases.firstPicture);
   for (const char* name : kPhaseFrames) {
     environment.Place<Frame>(name, 0, kPhaseFrameTop, kFormWidth, kFrameHeight - kPhaseFrameTop)
         .SetAnchors(anchor::kFill);

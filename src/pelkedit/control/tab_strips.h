@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <span>
 
+#include "contracts/pictures.h"
+
 namespace pelkedit {
 
 // One numbering of the tabs, shared by navigation, the desktop and the scenario runner.
@@ -59,13 +61,5 @@ const TabStrip& ExpertMainStrip();
 const TabStrip& BasicMainStrip();
 const TabStrip& PhaseStrip();
 const TabStrip& MainStrip(bool expert);
-
-// Picture resources of the priority pictures: the user's (light) and the advisor's (dark),
-// one per priority 1 to 5.
-namespace picture {
-inline constexpr std::int32_t kUserPriorityFirst = 113;
-inline constexpr std::int32_t kAdvisorPriorityFirst = 118;
-inline constexpr std::int32_t kPriorityCount = 5;
-}  // namespace picture
 
 }  // namespace pelkedit

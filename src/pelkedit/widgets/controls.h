@@ -100,9 +100,18 @@ class PictureBox : public Widget {
   std::int32_t Picture() const { return picture_; }
   void SetPicture(std::int32_t pictureId);
   void ClearPicture() { SetPicture(0); }
+  // The drawing the form's design gives it (picture::), shown while code has set none.
+  std::int32_t DesignPicture() const { return designPicture_; }
+  void SetDesignPicture(std::int32_t pictureId) { designPicture_ = pictureId; }
+  // Whether a press takes the focus from the field being edited first, as a tab strip's does,
+  // so that what was typed is committed before the press is handled.
+  bool TakesFocus() const { return takesFocus_; }
+  void SetTakesFocus(bool takes) { takesFocus_ = takes; }
 
  private:
   std::int32_t picture_ = 0;
+  std::int32_t designPicture_ = 0;
+  bool takesFocus_ = false;
 };
 
 class Button : public Widget {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace pelkedit {
@@ -83,6 +84,9 @@ class Widget {
   // How the widget follows a larger window (anchor::).
   int Anchors() const { return anchors_; }
   void SetAnchors(int anchors) { anchors_ = anchors; }
+  // The picture beside this input that looks its value up ("..."), by name; "" for none.
+  const std::string& LookUpPicture() const { return lookUpPicture_; }
+  void SetLookUpPicture(std::string name) { lookUpPicture_ = std::move(name); }
   // What a picture shows, in words, for people who cannot see it (a screen reader reads it).
   const std::string& Description() const { return description_; }
   void SetDescription(const std::string& text);
@@ -141,6 +145,7 @@ class Widget {
   std::string description_;
   int anchors_ = anchor::kNone;
   std::int32_t helpTopic_ = 0;
+  std::string lookUpPicture_;
   std::int32_t pointer_ = 0;
   std::string fontName_;
   std::string caption_;

@@ -1,5 +1,6 @@
 #include "contracts/advisor.h"
 #include "contracts/names.h"
+#include "contracts/pictures.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
 #include "tabs/advisor/advisor_tab.h"
@@ -35,6 +36,7 @@ void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
       .SetAnchors(anchor::kFollowRight);
   auto& graph = page.Place<PictureBox>(widget::picSalesCycle, 328, 30, 250, 117);
   graph.SetAnchors(anchor::kFollowRight);
+  graph.SetDesignPicture(picture::kSalesCycle);
   // The phase captions at the top of the graph, each a label that opens its phase's help.
   const double phaseStarts[] = {0, cycle::kProveStarts, cycle::kCloseStarts, 1};
   const char* const phaseLabels[] = {"lblSCProbe", "lblSCProve", "lblSCClose"};
@@ -43,7 +45,9 @@ void AdvisorTab::Build(WidgetRegistry& widgets, Frame& frame) {
     const auto width = static_cast<float>(kGraphCycleWidth * (phaseStarts[i + 1] - phaseStarts[i]));
     page.PlaceInPicture<Label>(phaseLabels[i], graph, left, 0, width, kGraphCaptionHeight);
   }
-  page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101).SetAnchors(anchor::kFollowRight);
+  auto& marker = page.Place<PictureBox>(widget::picLine, 328, 43, 8, 101);
+  marker.SetAnchors(anchor::kFollowRight);
+  marker.SetDesignPicture(picture::kCycleMarker);
   auto& caption = page.Place<TextBox>(widget::txtSalesCycle, 328, 155, 250, 40);
   caption.SetAnchors(anchor::kFollowRight);
   caption.SetMultiline(true);

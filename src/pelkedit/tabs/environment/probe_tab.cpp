@@ -1,6 +1,7 @@
 #include "tabs/environment/probe_tab.h"
 
 #include "contracts/names.h"
+#include "contracts/pictures.h"
 #include "control/answer.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
@@ -112,9 +113,11 @@ void ProbeTab::Build(WidgetRegistry& widgets, Frame& frame) {
   float dmTop = kFirstDmTop;
   for (const DecisionMaker& dm : kDecisionMakers) {
     page.FieldCaption(dm.nameLabel, kDmLeft, dmTop, kDmCaptionWidth, dm.role);
-    page.Place<TextBox>(dm.nameBox, kDmFieldLeft, dmTop, kDmNameWidth, layout::kFieldHeight);
+    page.Place<TextBox>(dm.nameBox, kDmFieldLeft, dmTop, kDmNameWidth, layout::kFieldHeight)
+        .SetLookUpPicture(dm.lookup);
     page.Place<PictureBox>(dm.lookup, kDmFieldLeft + kDmNameWidth + 4, dmTop, kLookupSize,
-                           kLookupSize);
+                           kLookupSize)
+        .SetDesignPicture(picture::kLookupButton);
     const float influenceTop = dmTop + layout::kRowPitch;
     page.FieldCaption(dm.influenceLabel, kDmDetailLeft, influenceTop, kDmDetailCaptionWidth,
                       "Influence");

@@ -1,6 +1,7 @@
 #include "tabs/essentials/essentials_tab.h"
 
 #include "contracts/names.h"
+#include "contracts/pictures.h"
 #include "control/answer.h"
 #include "control/editor_context.h"
 #include "control/page_layout.h"
@@ -60,9 +61,15 @@ void EssentialsTab::Build(WidgetRegistry& widgets, Frame& frame) {
 
   page.Caption("lblEssentMatrix", 190, 10, 139, "Probability Matrix");
   auto& matrix = page.Place<PictureBox>(widget::picProbabilitMatrix, 190, 30, 139, 139);
+  matrix.SetDesignPicture(picture::kMatrix);
   constexpr float kSquare = 36;
-  for (const char* square : {widget::picPmUserSqr, widget::picPmAdvSqr, widget::picPmCmnSqr}) {
-    page.PlaceInPicture<PictureBox>(square, matrix, 25, 40, kSquare, kSquare);
+  const std::pair<const char*, std::int32_t> squares[] = {
+      {widget::picPmUserSqr, picture::kUserSquare},
+      {widget::picPmAdvSqr, picture::kAdvisorSquare},
+      {widget::picPmCmnSqr, picture::kCommonSquare}};
+  for (const auto& [square, drawing] : squares) {
+    page.PlaceInPicture<PictureBox>(square, matrix, 25, 40, kSquare, kSquare)
+        .SetDesignPicture(drawing);
   }
   widgets.Get<PictureBox>(widget::picPmAdvSqr).SetVisible(false);
   widgets.Get<PictureBox>(widget::picPmCmnSqr).SetVisible(false);
