@@ -1,12 +1,14 @@
 // The yardstick for pelkor-edit's start-up: a bare Qt window showing one label, started and
-// ended the same way (shown, its first paint done, then quit). An argument WIDTHxHEIGHT gives
-// it the size of the window it is compared with, bounded to 90% of the screen as the pipeline
-// is: the window's pixels cost memory and time of their own.
+// ended the same way (shown, its first paint done, then quit). The argument "pipeline" gives it
+// the size a new user's pipeline takes on this screen: the window's pixels cost memory and time
+// of their own.
 #include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QScreen>
 #include <QTimer>
+
+#include "pipeline/pipeline_size.h"
 
 namespace {
 
@@ -21,15 +23,12 @@ class QuitAfterPaint : public QObject {
   }
 };
 
-constexpr QSize kDefaultSize(600, 440);
-constexpr double kScreenShare = 0.9;
+// The editor's window at its design size.
+constexpr QSize kEditorSize(600, 440);
 
 QSize SizeAsked(const QStringList& arguments) {
-  const QStringList parts = arguments.size() > 1 ? arguments.at(1).split('x') : QStringList();
-  if (parts.size() != 2) return kDefaultSize;
-  const QSize size(parts.at(0).toInt(), parts.at(1).toInt());
-  if (size.isEmpty()) return kDefaultSize;
-  return size.boundedTo(QApplication::primaryScreen()->availableGeometry().size() * kScreenShare);
+  if (arguments.size() < 2 || arguments.at(1) != "pipeline") return kEditorSize;
+  return pelkor::desktop::NewUserPipelineSize(QApplication::primaryScreen());
 }
 
 }  // namespace

@@ -77,7 +77,7 @@ BENCHMARK(BM_BareQtWindow)->UseManualTime()->Unit(benchmark::kMillisecond)->Iter
 // The same window at the pipeline's size (1280x720 for a new user, less on a small screen): at
 // 1280x720 its backing store alone takes 2.6 MB more than the 600x440 window's.
 void BM_BareQtWindowAtThePipelinesSize(benchmark::State& state) {
-  Measure(state, {PELK_BARE_WINDOW, "1280x720"});
+  Measure(state, {PELK_BARE_WINDOW, "pipeline"});
 }
 BENCHMARK(BM_BareQtWindowAtThePipelinesSize)
     ->UseManualTime()

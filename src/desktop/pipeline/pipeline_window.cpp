@@ -9,13 +9,13 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
-#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTableView>
 #include <algorithm>
 
 #include "pipeline/pipeline_pictures.h"
+#include "pipeline/pipeline_size.h"
 #include "pipeline/status_filters.h"
 
 namespace pelkor::desktop {
@@ -25,10 +25,6 @@ namespace {
 constexpr int kTypingPauseMs = 150;
 // The matrix draws the largest open deals, as many as stay readable.
 constexpr std::int64_t kMatrixDeals = 300;
-// A new user's window: room for the columns and the pictures, but no more of the screen's free
-// area than this share, so that it fits a small screen whole.
-constexpr QSize kNewUserSize(1280, 720);
-constexpr double kScreenShare = 0.9;
 
 }  // namespace
 
@@ -43,10 +39,7 @@ PipelineWindow::PipelineWindow(EditorEnvironment& environment, QWidget* parent)
   typing_.setSingleShot(true);
   typing_.setInterval(kTypingPauseMs);
   connect(&typing_, &QTimer::timeout, this, &PipelineWindow::ApplyFilters);
-  const QScreen* shown = screen();
-  resize(shown == nullptr
-             ? kNewUserSize
-             : kNewUserSize.boundedTo(shown->availableGeometry().size() * kScreenShare));
+  resize(NewUserPipelineSize(screen()));
 }
 
 void PipelineWindow::setVisible(bool visible) {
