@@ -101,6 +101,8 @@ std::shared_ptr<pelkor::IIboStore> Seeded(const std::string& name, std::int64_t 
     store->AddMissing(ibos);
     store->AddContacts(contacts);
   }
+  // As a copy into the database ends: what is measured is a settled database.
+  store->SettleAfterBulkLoad();
   have = size;
   return store;
 }

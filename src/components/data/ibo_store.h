@@ -153,6 +153,10 @@ class IIboStore {
   virtual int AddContacts(const std::vector<Contact>& contacts) = 0;
   // Up to `limit` contacts in id order after `afterId`, for copying.
   virtual std::vector<Contact> ContactBatch(std::int64_t afterId, int limit) = 0;
+  // After many rows were added (a copy, an import), brings the database's own view of its tables
+  // up to date at once, so that the next counts and pages are as quick as on a settled database
+  // rather than after the server's housekeeping comes round.
+  virtual void SettleAfterBulkLoad() = 0;
 
   // The stored record, or nullopt when the table has no row with that id.
   std::optional<pelkedit::Blob> Find(IboTable table, std::int32_t id);

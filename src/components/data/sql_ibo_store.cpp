@@ -248,4 +248,14 @@ std::vector<Contact> SqlIboStore::ContactBatch(std::int64_t afterId, int limit) 
   return batch;
 }
 
+void SqlIboStore::SettleAfterBulkLoad() {
+  const std::string settle = sql_->Dialect().afterBulkLoad;
+  if (settle.empty()) return;
+  std::lock_guard lock(mutex_);
+  for (const char* table : {"ibo_main", "ibo_archive", "contacts"}) {
+    sql_->QueryAlone("Cannot update the statistics of " + Location(), settle + table, {},
+                     [](const SqlRow&) {});
+  }
+}
+
 }  // namespace pelkor::data_detail

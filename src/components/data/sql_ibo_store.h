@@ -35,6 +35,7 @@ class SqlIboStore final : public IIboStore {
   std::pair<std::vector<Contact>, std::int64_t> SearchContacts(const ContactQuery& query) override;
   int AddContacts(const std::vector<Contact>& contacts) override;
   std::vector<Contact> ContactBatch(std::int64_t afterId, int limit) override;
+  void SettleAfterBulkLoad() override;
 
  private:
   // A row to insert and who made and saved it.

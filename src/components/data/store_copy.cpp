@@ -53,6 +53,7 @@ CopyReport CopyDatabase(IIboStore& source, IIboStore& target) {
     after = contacts.back().id;
     report.contacts += target.AddContacts(contacts);
   }
+  target.SettleAfterBulkLoad();
   return report;
 }
 

@@ -96,10 +96,11 @@ std::string Marks(std::size_t count) {
   return marks;
 }
 
-const SqlDialect kSqliteDialect = {"",     " COLLATE NOCASE", "",       "+", false, "INTEGER",
-                                   "REAL", "INTEGER",         "INTEGER"};
+const SqlDialect kSqliteDialect = {"",     " COLLATE NOCASE", "",        "+", false, "INTEGER",
+                                   "REAL", "INTEGER",         "INTEGER", ""};
 const SqlDialect kPostgresDialect = {
-    "lower(", ")", " COLLATE \"C\"", "", true, "integer", "double precision", "bigint", "boolean"};
+    "lower(", ")",       " COLLATE \"C\"",   "", true, "integer", "double precision",
+    "bigint", "boolean", "VACUUM (ANALYZE) "};
 
 std::vector<SqlValue> RecordValues(const IboRow& row) {
   const IboSummary& s = row.summary;

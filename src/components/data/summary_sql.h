@@ -29,6 +29,11 @@ struct SqlDialect {
   const char* real;
   const char* bigint;
   const char* boolean;
+  // Run on a table, outside any transaction, after many rows were added at once: the server's
+  // planner needs fresh statistics and a visibility map to count and page from its indexes
+  // alone, which its own housekeeping would otherwise bring a minute or so later. Empty on
+  // SQLite, whose plans do not depend on statistics.
+  const char* afterBulkLoad;
 };
 extern const SqlDialect kSqliteDialect;
 extern const SqlDialect kPostgresDialect;

@@ -272,6 +272,15 @@ TEST(ServerStore, CopyMovesAWholeDatabaseBetweenBackends) {
   EXPECT_EQ(copied.main + copied.archive, static_cast<int>(file->ListIbos().size()));
   EXPECT_GT(copied.archive, 0);
   EXPECT_EQ(copied.contacts, static_cast<int>(file->ListContacts().size()));
+  // The copy leaves the server's statistics up to date: its first pages need not wait for the
+  // server's housekeeping.
+  for (const char* table : {"ibo_main", "ibo_archive", "contacts"}) {
+    EXPECT_EQ(server.Value(std::string("SELECT last_vacuum IS NOT NULL AND last_analyze IS NOT "
+                                       "NULL FROM pg_stat_user_tables WHERE relname = '") +
+                           table + "'"),
+              "t")
+        << table;
+  }
   // And back into a new file: every record and contact arrives unchanged.
   const auto back = OpenIboStore(folder.File("back.db"));
   CopyDatabase(*onServer, *back);

@@ -70,6 +70,7 @@ void ImportContacts(const std::string& name, const std::string& file) {
   std::cerr << report.str();
   // One transaction: all of the readable contacts, or none.
   const int added = db->AddContacts(read.contacts);
+  db->SettleAfterBulkLoad();
   std::cout << "Imported " << added << " new contact" << (added == 1 ? "" : "s") << " from '"
             << file << "' (" << read.contacts.size() - static_cast<std::size_t>(added)
             << " already in the book, " << read.SkippedCount() << " skipped).\n";
