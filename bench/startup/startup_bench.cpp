@@ -6,6 +6,8 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -22,20 +24,42 @@ struct Run {
   long peakKilobytes;
 };
 
-// Every run starts as a new user would: with settings of its own (no window placement kept
-// from an earlier run), in a folder made once for the whole benchmark.
+// Every run starts as a new user would: with settings, state and data folders of its own, made
+// once for the whole benchmark, so that no window placement, trace log or changes kept from the
+// user's own sessions (which would ask to be restored) meet it.
 std::vector<char*> FreshUserEnvironment() {
-  constexpr std::string_view kSettingsVariable = "XDG_CONFIG_HOME=";
-  static std::string settings = [kSettingsVariable] {
-    std::string folder = std::filesystem::temp_directory_path() / "pelkor-startup-XXXXXX";
-    if (mkdtemp(folder.data()) == nullptr) std::abort();
-    return std::string(kSettingsVariable) + folder;
+  constexpr std::array<std::string_view, 3> kFolderVariables = {"XDG_CONFIG_HOME", "XDG_STATE_HOME",
+                                                                "XDG_DATA_HOME"};
+  // Removed when the benchmark ends.
+  struct Folder {
+    std::string path = std::filesystem::temp_directory_path() / "pelkor-startup-XXXXXX";
+    Folder() {
+      if (mkdtemp(path.data()) == nullptr) std::abort();
+    }
+    ~Folder() {
+      std::error_code ignored;
+      std::filesystem::remove_all(path, ignored);
+    }
+  };
+  static const Folder base;
+  static std::vector<std::string> fresh = [kFolderVariables] {
+    std::vector<std::string> assignments;
+    for (const std::string_view variable : kFolderVariables) {
+      assignments.push_back(std::string(variable) + "=" + base.path + "/" + std::string(variable));
+    }
+    return assignments;
   }();
+  const auto replaced = [kFolderVariables](std::string_view assignment) {
+    return std::any_of(
+        kFolderVariables.begin(), kFolderVariables.end(), [&](std::string_view name) {
+          return assignment.starts_with(name) && assignment.substr(name.size()).starts_with("=");
+        });
+  };
   std::vector<char*> variables;
   for (char** variable = environ; *variable != nullptr; ++variable) {
-    if (!std::string_view(*variable).starts_with(kSettingsVariable)) variables.push_back(*variable);
+    if (!replaced(*variable)) variables.push_back(*variable);
   }
-  variables.push_back(settings.data());
+  for (std::string& assignment : fresh) variables.push_back(assignment.data());
   variables.push_back(nullptr);
   return variables;
 }

@@ -146,12 +146,6 @@ int Run(const Options& options) {
   }
   if (first == &pipeline) pipeline.show();
   if (options.measureStart) new pelkor::desktop::QuitAfterFirstPaint(*first);
-  if (!environment.AdvisorProblem().empty()) {
-    QMessageBox::warning(first, "Pelkor",
-                         "The advisor's rules cannot be used, so the Sales Advisor gives no advice "
-                         "until the rule file is repaired.\n\n" +
-                             QString::fromStdString(environment.AdvisorProblem()));
-  }
   const int result = QApplication::exec();
   // A measuring run leaves the user's settings as they were.
   if (options.measureStart) return result;

@@ -68,6 +68,26 @@ class HostWindowTest : public QObject {
     QCOMPARE(window->StatusText(), QString("Status: Won"));
   }
 
+  void aRuleFileThatCannotBeUsedIsToldOnceAndTheDealsStillOpen() {
+    QTemporaryDir rules;
+    const QString broken = rules.filePath("broken.rules");
+    QFile file(broken);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[ratings]\nwih = 1 +\n");
+    file.close();
+    qputenv("PELKOR_ADVISOR_RULES", broken.toUtf8());
+    Host host;
+    qunsetenv("PELKOR_ADVISOR_RULES");
+    QVERIFY(host.Open(kExpertIbo));
+    QCOMPARE(host.messages.size(), std::size_t(1));
+    QCOMPARE(host.messages[0].icon, MsgIcon::kExclamation);
+    QVERIFY(QString::fromStdString(host.messages[0].text).contains("gives no advice"));
+    QVERIFY(QString::fromStdString(host.messages[0].text).contains(broken));
+    // The next deal opens with the same engine that gives no advice, and is not told again.
+    QVERIFY(host.window->OpenIbo(kBasicIbo, kMainView));
+    QCOMPARE(host.messages.size(), std::size_t(1));
+  }
+
   void clickOnAnOptionUpdatesTheRecordAndMarksItDirty() {
     Host host;
     QVERIFY(host.Open(kExpertIbo));

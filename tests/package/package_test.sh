@@ -17,7 +17,7 @@ deb="${work}/out/pelkor_${version}_amd64.deb"
 root="${work}/root"
 dpkg-deb -x "${deb}" "${root}"
 depends=$(dpkg-deb -f "${deb}" Depends)
-for library in libqt6widgets6 libsqlite3-0 libpqxx; do
+for library in libqt6widgets6 libsqlite3-0 libpqxx libmuparser; do
   [[ "${depends}" == *"${library}"* ]] || fail "Depends lacks ${library}: ${depends}"
 done
 dpkg-deb --ctrl-tarfile "${deb}" | tar -xO ./conffiles | grep -qx /etc/pelkor/pelkor.ini ||

@@ -48,4 +48,9 @@ class RuleEngine : public pelkedit::IAdvisor {
 // with `today` as its clock; RuleFileError when the file cannot be used.
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today);
 
+// What the pelkor-rules module hands the program that loads it (its entry point
+// "pelkor_rule_engines" returns one): CreateRuleEngine behind the advisor's interface.
+using RuleEngineMaker = std::shared_ptr<pelkedit::IAdvisor> (*)(const std::string& path,
+                                                                RuleEngine::Clock today);
+
 }  // namespace pelkor

@@ -3,10 +3,8 @@
 #include <ini.h>
 
 #include "config/ini_lines.h"
-#include "config/install_layout.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
 
 namespace pelkor {
@@ -17,7 +15,6 @@ constexpr const char* kPriority = "priority";
 constexpr const char* kVerdict = "verdict";
 constexpr const char* kTexts = "texts";
 constexpr const char* kRulePrefix = "rule ";
-constexpr const char* kRuleFileName = "advisor.rules";
 constexpr int kLowestPriority = 5;
 constexpr int kDefaultMaxActions = 6;
 
@@ -221,14 +218,6 @@ RuleSet LoadRuleFile(const std::string& path) {
     Fail(path, "line " + std::to_string(result), "it is not a section, a key = value or a comment");
   CheckComplete(reading.set);
   return std::move(reading.set);
-}
-
-std::string DefaultRuleFile() {
-  if (const char* chosen = std::getenv("PELKOR_ADVISOR_RULES");
-      chosen != nullptr && *chosen != '\0') {
-    return chosen;
-  }
-  return (FindDataPlaces().dataFolder / kRuleFileName).string();
 }
 
 }  // namespace pelkor

@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "advisor/rule_engine.h"
+#include "app/rules_loader.h"
 #include "config/ini_config.h"
 #include "config/local_file_system.h"
 #include "contacts/qt_contact_lookup.h"
@@ -97,9 +97,17 @@ void EditorEnvironment::RegisterComponents(const std::string& traceLogPath) {
   RegisterRecordComponents(factory_);
   const auto advisor = [this, rules = DefaultRuleFile()]() -> pelkedit::ObjectPtr {
     try {
-      return CreateRuleEngine(rules, [this] { return platform_.Today(); });
+      return LoadedRuleEngine(rules, [this] { return platform_.Today(); });
     } catch (const RuleFileError& error) {
-      advisorProblem_ = error.what();
+      // The rules are read when the first deal is opened; their problem is told then, once, and
+      // the editor goes on without advice.
+      if (!advisorProblemTold_) {
+        advisorProblemTold_ = true;
+        platform_.MsgBox(std::string("The advisor's rules cannot be used, so the Sales Advisor "
+                                     "gives no advice until this is put right.\n\n") +
+                             error.what(),
+                         pelkedit::MsgIcon::kExclamation, pelkedit::MsgButtons::kOk, "Pelkor");
+      }
       return CreateScriptedEngine(nullptr);
     }
   };

@@ -46,9 +46,6 @@ class EditorEnvironment {
   int SavesRefused() const { return counts_->savesRefused; }
   // Whether the database may only be read (false while it cannot be opened at all).
   bool DatabaseReadOnly() const;
-  // Why the advisor's rule file could not be used ("" while it can); the editor then runs with
-  // an engine that gives no advice rather than not at all.
-  const std::string& AdvisorProblem() const { return advisorProblem_; }
   // Where every editor window keeps its unsaved changes.
   std::shared_ptr<pelkedit::IChangeJournal> Journal() const { return journal_; }
 
@@ -59,7 +56,7 @@ class EditorEnvironment {
   QtPlatform platform_{factory_};
   DatabaseSource dbSource_;
   std::shared_ptr<Counts> counts_ = std::make_shared<Counts>();
-  std::string advisorProblem_;
+  bool advisorProblemTold_ = false;
   std::shared_ptr<pelkedit::IChangeJournal> journal_;
 };
 

@@ -1,10 +1,6 @@
 #include "app/postgres_loader.h"
 
-#include <dlfcn.h>
-
-#include <string>
-
-#include "config/install_layout.h"
+#include "app/module_loader.h"
 #include "data/data_error.h"
 #include "data/ibo_store.h"
 
@@ -16,17 +12,12 @@ constexpr const char* kEntry = "pelkor_postgres_backend";
 
 using Entry = ServerStoreOpener (*)();
 
-// Loaded once and kept: the stores it opens run its code until the program ends.
 ServerStoreOpener LoadModule() {
-  const std::string path = (FindDataPlaces().moduleFolder / kModuleFile).string();
-  void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-  const auto refuse = [&path](const char* why) {
-    data_detail::RaiseDataError("PostgreSQL databases cannot be opened: its support (" + path +
-                                ") cannot be loaded: " + (why != nullptr ? why : "unknown") + ".");
-  };
-  if (module == nullptr) refuse(dlerror());
-  auto* entry = reinterpret_cast<Entry>(dlsym(module, kEntry));
-  if (entry == nullptr) refuse(dlerror());
+  const auto entry = reinterpret_cast<Entry>(
+      ModuleEntry(kModuleFile, kEntry, [](const std::string& path, const std::string& why) {
+        data_detail::RaiseDataError("PostgreSQL databases cannot be opened: its support (" + path +
+                                    ") cannot be loaded: " + why + ".");
+      }));
   return entry();
 }
 
