@@ -49,8 +49,7 @@ class RuleEngine : public pelkedit::IAdvisor {
 std::shared_ptr<RuleEngine> CreateRuleEngine(const std::string& path, RuleEngine::Clock today);
 
 // What the pelkor-rules module hands the program that loads it (its entry point
-// "pelkor_rule_engines" returns one): CreateRuleEngine behind the advisor's interface.
-using RuleEngineMaker = std::shared_ptr<pelkedit::IAdvisor> (*)(const std::string& path,
-                                                                RuleEngine::Clock today);
+// "pelkor_rule_engines" returns one): CreateRuleEngine.
+using RuleEngineMaker = decltype(&CreateRuleEngine);
 
 }  // namespace pelkor

@@ -20,6 +20,11 @@ const char* TableSqlName(IboTable table);
 // The table of the versions saves replaced.
 inline constexpr const char* kSavedVersionsTable = "ibo_versions";
 
+// The contact book's table.
+inline constexpr const char* kContactsTable = "contacts";
+// Every table a search reads, by SQL name: the two tables of deals and the contact book.
+inline constexpr std::array kSearchedTables = {"ibo_main", "ibo_archive", kContactsTable};
+
 // The columns of one stored IBO row, taken from the decoded record; `data` points at the
 // record it was decoded from. The owner and the save stamp are the store's to fill.
 struct IboRow {

@@ -134,7 +134,7 @@ void AddPipeline(pqxx::work& work) {
   };
   AddSummaries(steps, kPostgresDialect);
   if (!HasTrigrams(work)) return;
-  for (const std::string table : {"ibo_main", "ibo_archive", "contacts"}) {
+  for (const std::string table : kSearchedTables) {
     work.exec("CREATE INDEX IF NOT EXISTS " + table + "_search ON " + table +
               " USING gin (search gin_trgm_ops)");
   }

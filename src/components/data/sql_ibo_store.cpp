@@ -252,7 +252,7 @@ void SqlIboStore::SettleAfterBulkLoad() {
   const std::string settle = sql_->Dialect().afterBulkLoad;
   if (settle.empty()) return;
   std::lock_guard lock(mutex_);
-  for (const char* table : {"ibo_main", "ibo_archive", "contacts"}) {
+  for (const char* table : kSearchedTables) {
     sql_->QueryAlone("Cannot update the statistics of " + Location(), settle + table, {},
                      [](const SqlRow&) {});
   }

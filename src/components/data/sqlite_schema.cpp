@@ -24,7 +24,6 @@ constexpr int kPipelineSchemaVersion = 4;
 constexpr int kSavedVersionsVersion = 5;
 constexpr int kRowVersionVersion = 3;
 constexpr int kContactsVersion = 2;
-constexpr const char* kContactsTable = "contacts";
 constexpr int kFirstSchemaVersion = 1;
 
 int PragmaInt(SQLite::Database& db, const char* pragma) {
@@ -86,11 +85,9 @@ void AddPipeline(SQLite::Database& db) {
   };
   AddSummaries(steps, kSqliteDialect);
   // The folded search text is scanned from a narrow index instead of the wide table.
-  for (const IboTable table : kTables) {
-    const std::string name = TableSqlName(table);
+  for (const std::string name : kSearchedTables) {
     db.exec("CREATE INDEX IF NOT EXISTS " + name + "_search ON " + name + " (search)");
   }
-  db.exec("CREATE INDEX IF NOT EXISTS contacts_search ON contacts (search)");
 }
 
 void CreateContacts(SQLite::Database& db) {

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "advisor/scripted_engine.h"
 #include "app/rules_loader.h"
 #include "config/ini_config.h"
 #include "config/local_file_system.h"

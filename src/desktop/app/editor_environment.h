@@ -3,8 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "advisor/rule_engine.h"
-#include "advisor/scripted_engine.h"
 #include "contracts/journal.h"
 #include "data/ibo_store.h"
 #include "platform/object_factory.h"

@@ -20,8 +20,7 @@ RuleEngineMaker LoadModule() {
 
 }  // namespace
 
-std::shared_ptr<pelkedit::IAdvisor> LoadedRuleEngine(const std::string& path,
-                                                     RuleEngine::Clock today) {
+std::shared_ptr<RuleEngine> LoadedRuleEngine(const std::string& path, RuleEngine::Clock today) {
   static const RuleEngineMaker maker = LoadModule();
   return maker(path, std::move(today));
 }
